@@ -1,0 +1,17 @@
+#pragma once
+// Clipboard text as a source: the size label, the paste step and the plain-text check.
+#include <cstdint>
+#include <string>
+
+namespace wordtally {
+
+struct EngineContext;
+
+inline constexpr int32_t kClipboardTextLimit = 100000;
+
+void ShowClipboardSize(EngineContext& ctx);
+void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox);
+// Looks at the low byte of each of the first maxChars code units (all when maxChars < 1).
+bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls);
+
+}  // namespace wordtally

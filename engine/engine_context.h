@@ -1,0 +1,45 @@
+#pragma once
+// Everything a counting run works on: the host, the settings, the run record, the word store and
+// the common-words list. Owned by the front end (main window or command line); no globals.
+#include <cstdint>
+#include <vector>
+
+#include "engine/counting_settings.h"
+#include "engine/run_state.h"
+#include "engine/word_store.h"
+#include "support/host.h"
+
+namespace wordtally {
+
+struct CommonWordsList {
+  std::vector<AnsiString> words;  // ascending code-unit order, lower case, distinct
+  AnsiString strCommonWordsFile;
+  bool blnCommonWordsLoaded = false;
+  int32_t Count() const { return static_cast<int32_t>(words.size()); }
+};
+
+struct EngineContext {
+  EngineContext(Host& h, CountingSettings& s) : host(h), settings(s) {}
+
+  Host& host;
+  CountingSettings& settings;
+  RunState run;
+  WordStore store;
+  CommonWordsList commonWords;
+  bool blnMacNoticeShown = false;  // the Mac-style line-ending notice is shown once per program run
+
+  // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
+  // kTurnStride calls, and it decides by its clock whether a real turn is due.
+  void GiveEventLoopATurn() {
+    if (run.blnStartUpCompleted && ++turnCounter_ >= kTurnStride) {
+      turnCounter_ = 0;
+      host.ProcessEvents();
+    }
+  }
+
+ private:
+  static constexpr int kTurnStride = 256;
+  int turnCounter_ = 0;
+};
+
+}  // namespace wordtally

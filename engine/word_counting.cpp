@@ -1,0 +1,49 @@
+#include "engine/word_counting.h"
+
+#include <string>
+
+#include "engine/engine_context.h"
+
+namespace wordtally {
+namespace {
+
+void EchoNewWord(EngineContext& ctx, std::string_view word) {
+  if (ctx.settings.chkSuppressWords == 1) return;
+  if (ctx.host.OutputLength() <= static_cast<size_t>(lngMaxTextboxLength - 100)) {
+    std::string echo(word);
+    echo += ' ';
+    ctx.host.AppendOutput(echo);
+    return;
+  }
+  if (!ctx.run.blnSuppressionNoticeShown) {
+    ctx.host.AppendOutput(std::string("\r\n\r\n").append(kSuppressionNotice));
+  }
+  ctx.run.blnSuppressionNoticeShown = true;
+  ctx.settings.chkSuppressWords = 1;
+  ctx.host.SettingsChanged();
+}
+
+void ShowWordCount(EngineContext& ctx, int32_t numWords) {
+  if (ctx.run.blnReadingWords) {
+    ctx.host.SetCaption(Control::NumberOfWords,
+                        "Number of common words read so far: " + std::to_string(numWords));
+  }
+  ctx.host.SetVisible(Control::NumberOfWords, true);
+}
+
+}  // namespace
+
+void AddWordToList(EngineContext& ctx, std::string_view word) {
+  if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
+  const bool firstWord = ctx.store.lngNumWords() == 0;
+  if (!ctx.store.Count(word)) return;
+  if (firstWord) {
+    if (ctx.settings.chkSuppressWords != 1) ctx.host.SetOutputText(std::string(word) + ' ');
+    return;
+  }
+  const int32_t numWords = ctx.store.lngNumWords();
+  if (numWords % 10 == 0) ShowWordCount(ctx, numWords);
+  EchoNewWord(ctx, word);
+}
+
+}  // namespace wordtally

@@ -1,0 +1,18 @@
+#pragma once
+// AddWordToList: counts one word in the store and echoes new words into the output textbox.
+#include <cstdint>
+#include <string_view>
+
+namespace wordtally {
+
+struct EngineContext;
+
+inline constexpr int32_t lngMaxTextboxLength = 65000;
+inline constexpr std::string_view kSuppressionNotice =
+    "[Suppressing display of words to avoid buffer overflow.]";
+
+// Counts one occurrence of word. A word longer than intMaxPermittedWordLength is dropped in
+// silence. Throws RunError 6 on overflow.
+void AddWordToList(EngineContext& ctx, std::string_view word);
+
+}  // namespace wordtally

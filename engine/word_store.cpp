@@ -1,0 +1,131 @@
+#include "engine/word_store.h"
+
+#include <algorithm>
+#include <array>
+
+#include "support/run_error.h"
+
+namespace wordtally {
+namespace {
+
+// Per byte: the text it contributes to a sort key (transliteration, accent folding, lower case).
+std::array<std::string, 256> MakeSortKeyTable() {
+  std::array<std::string, 256> table;
+  for (int b = 0; b < 256; ++b) {
+    table[b] = std::string(1, static_cast<char>(LowerAnsiChar(static_cast<unsigned char>(b))));
+  }
+  const std::string_view capitals =
+      "\x8A\x9F\xC0\xC1\xC2\xC3\xC4\xC5\xC7\xC8\xC9\xCA\xCB\xCC\xCD\xCE\xCF\xD0\xD1\xD2\xD3\xD4"
+      "\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD";
+  const std::string_view capitalBases = "syaaaaaaceeeeiiiidnoooooouuuuy";
+  const std::string_view smalls =
+      "\x9A\xFF\xE0\xE1\xE2\xE3\xE4\xE5\xE7\xE8\xE9\xEA\xEB\xEC\xED\xEE\xEF\xF1\xF2\xF3\xF4\xF5"
+      "\xF6\xF8\xF9\xFA\xFB\xFC\xFD";
+  const std::string_view smallBases = "syaaaaaaceeeeiiiinoooooouuuuy";
+  for (size_t i = 0; i < capitals.size(); ++i) {
+    table[static_cast<unsigned char>(capitals[i])] = std::string(1, capitalBases[i]);
+  }
+  for (size_t i = 0; i < smalls.size(); ++i) {
+    table[static_cast<unsigned char>(smalls[i])] = std::string(1, smallBases[i]);
+  }
+  // Transliterations come first and win over the folding (there is none for the small "œ").
+  const std::pair<unsigned char, const char*> twoLetters[] = {
+      {0x8C, "oe"}, {0xC4, "ae"}, {0xC6, "ae"}, {0xD6, "oe"}, {0xDC, "ue"},
+      {0xE4, "ae"}, {0xE6, "ae"}, {0xF6, "oe"}, {0xFC, "ue"}, {0xDF, "ss"}};
+  for (const auto& [byte, text] : twoLetters) table[byte] = text;
+  return table;
+}
+
+}  // namespace
+
+AnsiString MakeSortKey(std::string_view word) {
+  static const std::array<std::string, 256> table = MakeSortKeyTable();
+  AnsiString key;
+  key.reserve(word.size() + 2);
+  for (char c : word) key += table[static_cast<unsigned char>(c)];
+  return key;
+}
+
+size_t WordStore::IndexHash::operator()(int32_t i) const {
+  return (*this)(std::string_view((*records)[i].Word));
+}
+
+size_t WordStore::IndexHash::operator()(std::string_view s) const {
+  return absl::Hash<std::string_view>()(s);
+}
+
+bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
+  return (*records)[a].Word == b;
+}
+
+WordStore::WordStore() : index_(0, IndexHash{&records_}, IndexEq{&records_}) { Reset(); }
+
+void WordStore::Reset() {
+  records_.clear();
+  records_.emplace_back();  // element 0 is never used
+  index_.clear();
+  sorted_ = true;
+  indexValid_ = true;
+  handedOut_ = false;
+  upperBound_ = kGrowthStep;
+}
+
+bool WordStore::Count(std::string_view word) {
+  if (handedOut_) {  // the records may have been reordered since they were handed out
+    handedOut_ = false;
+    sorted_ = false;
+  }
+  if (!indexValid_) RebuildIndex();
+  if (const auto it = index_.find(word); it != index_.end()) {
+    Increment(records_[*it].Frequency);
+    return false;
+  }
+  const int32_t n = lngNumWords();
+  if (n == INT32_MAX) throw RunError(kErrOverflow, "Overflow");
+  if (n == upperBound_) upperBound_ += kGrowthStep;
+  WordListEntry& entry = records_.emplace_back();
+  entry.Word = word;
+  entry.Included = true;
+  entry.SortKey = MakeSortKey(word);
+  entry.Frequency = 1;
+  if (sorted_ && n >= 1 && !LessCodeUnits(records_[n].Word, word)) sorted_ = false;
+  index_.insert(n + 1);
+  return true;
+}
+
+void WordStore::SortIfNeeded() const {
+  if (sorted_) return;
+  std::sort(records_.begin() + 1, records_.end(),
+            [](const WordListEntry& a, const WordListEntry& b) { return LessCodeUnits(a.Word, b.Word); });
+  sorted_ = true;
+  indexValid_ = false;
+}
+
+void WordStore::RebuildIndex() const {
+  index_.clear();
+  index_.reserve(records_.size());
+  for (int32_t i = 1; i < static_cast<int32_t>(records_.size()); ++i) index_.insert(i);
+  indexValid_ = true;
+}
+
+std::span<WordListEntry> WordStore::WordList() {
+  if (!handedOut_) {
+    SortIfNeeded();
+    handedOut_ = true;
+    indexValid_ = false;
+  }
+  return records_;
+}
+
+std::span<const WordListEntry> WordStore::WordList() const {
+  if (!handedOut_) SortIfNeeded();
+  return records_;
+}
+
+bool WordStore::FindWordInList(std::string_view key, int32_t& position) const {
+  const auto list = WordList();
+  return BinarySearchSorted(
+      key, [&list](int32_t i) { return std::string_view(list[i].Word); }, lngNumWords(), position);
+}
+
+}  // namespace wordtally

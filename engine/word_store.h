@@ -1,0 +1,127 @@
+#pragma once
+// The word store: the distinct words of one run with their counts.
+//
+// Records are read as WordList[1..lngNumWords] in ascending binary (code-unit) order of Word,
+// element 0 unused. Counting does not keep that order as it goes: a hash index finds a known word
+// in O(1) and a new word is appended; the sorted order is produced when the records are read.
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include <absl/container/flat_hash_set.h>
+
+#include "support/ansi_text.h"
+
+namespace wordtally {
+
+struct WordListEntry {
+  AnsiString Word;
+  AnsiString SortKey;
+  int32_t Frequency = 0;
+  int32_t FreqOrder = 0;
+  int32_t NextByFreq = 0;
+  bool Included = false;
+};
+
+// The key for the alphabetical listing: "Œ Ä Æ Ö Ü ä æ ö ü ß" transliterated to two letters,
+// accents folded, then lower-cased. "Straße" -> "strasse", "Élan" -> "elan".
+AnsiString MakeSortKey(std::string_view word);
+
+// Binary search with the midpoint rules of the store's lookup over list[1..n] (ascending code-unit
+// order). Returns true and the index in position when found; otherwise the negated insertion
+// index (-1 before element 1, -(n+1) after element n). at(i) gives element i as a string_view.
+template <typename At>
+bool BinarySearchSorted(std::string_view key, At at, int32_t n, int32_t& position) {
+  if (n == 0 || LessCodeUnits(key, at(1))) {
+    position = -1;
+    return false;
+  }
+  if (LessCodeUnits(at(n), key)) {
+    position = -(n + 1);
+    return false;
+  }
+  if (n == 1) {
+    position = 1;
+    return true;
+  }
+  int32_t low = 1, high = n, mid = n / 2;
+  for (;;) {
+    const int c = CompareCodeUnits(key, at(mid));
+    if (c == 0) {
+      position = mid;
+      return true;
+    }
+    if (c > 0) {
+      if (mid == high) {
+        position = -(high + 1);
+        return false;
+      }
+      low = mid + 1;
+      mid = mid + (high - mid + 1) / 2;
+    } else {
+      if (mid == low) {
+        position = -low;
+        return false;
+      }
+      high = mid - 1;
+      mid = mid - (mid - low + 1) / 2;
+    }
+  }
+}
+
+class WordStore {
+ public:
+  static constexpr int32_t kGrowthStep = 500;
+
+  WordStore();
+  WordStore(const WordStore&) = delete;
+  WordStore& operator=(const WordStore&) = delete;
+
+  // Discards every record; the capacity goes back to 500.
+  void Reset();
+
+  int32_t lngNumWords() const { return static_cast<int32_t>(records_.size()) - 1; }
+  // The array's upper bound: 500, then 1000, 1500, ... as words arrive.
+  int32_t UpperBound() const { return upperBound_; }
+
+  // Counts one occurrence. Returns true when the word is new (StoreNewWord). Throws RunError 6
+  // when a count would pass 2147483647.
+  bool Count(std::string_view word);
+
+  // The records in ascending binary order of Word, element 0 unused. The mutable view may be
+  // reordered (the alphabetical listing order); later reads then see that order until the next
+  // Count() or Reset().
+  std::span<WordListEntry> WordList();
+  std::span<const WordListEntry> WordList() const;
+
+  // FindWordInList over the sorted records.
+  bool FindWordInList(std::string_view key, int32_t& position) const;
+
+ private:
+  struct IndexHash {
+    using is_transparent = void;
+    const std::vector<WordListEntry>* records;
+    size_t operator()(int32_t i) const;
+    size_t operator()(std::string_view s) const;
+  };
+  struct IndexEq {
+    using is_transparent = void;
+    const std::vector<WordListEntry>* records;
+    bool operator()(int32_t a, int32_t b) const { return a == b; }
+    bool operator()(int32_t a, std::string_view b) const;
+    bool operator()(std::string_view a, int32_t b) const { return (*this)(b, a); }
+  };
+
+  void SortIfNeeded() const;
+  void RebuildIndex() const;
+
+  mutable std::vector<WordListEntry> records_;
+  mutable absl::flat_hash_set<int32_t, IndexHash, IndexEq> index_;
+  mutable bool sorted_ = true;
+  mutable bool indexValid_ = true;
+  bool handedOut_ = false;  // WordList() gave out the records for reordering
+  int32_t upperBound_ = kGrowthStep;
+};
+
+}  // namespace wordtally

@@ -1,0 +1,154 @@
+#include "support/ansi_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wordtally {
+namespace {
+
+// Unicode of the bytes 0x80-0x9F; the rest of the code page equals Latin-1.
+constexpr std::array<char16_t, 32> kHighControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr std::array<char16_t, 256> MakeUnicodeTable() {
+  std::array<char16_t, 256> table{};
+  for (int b = 0; b < 256; ++b) {
+    table[b] = (b >= 0x80 && b < 0xA0) ? kHighControls[b - 0x80] : static_cast<char16_t>(b);
+  }
+  return table;
+}
+constexpr std::array<char16_t, 256> kUnicode = MakeUnicodeTable();
+
+struct CaseTables {
+  std::array<unsigned char, 256> lower{};
+  std::array<unsigned char, 256> upper{};
+};
+
+constexpr CaseTables MakeCaseTables() {
+  CaseTables t;
+  for (int b = 0; b < 256; ++b) {
+    t.lower[b] = t.upper[b] = static_cast<unsigned char>(b);
+  }
+  auto pair = [&t](int capital, int small) {
+    t.lower[capital] = static_cast<unsigned char>(small);
+    t.upper[small] = static_cast<unsigned char>(capital);
+  };
+  for (int b = 'A'; b <= 'Z'; ++b) pair(b, b + 32);
+  pair(0x8A, 0x9A);  // Š š
+  pair(0x8C, 0x9C);  // Œ œ
+  pair(0x8E, 0x9E);  // Ž ž
+  pair(0x9F, 0xFF);  // Ÿ ÿ
+  for (int b = 0xC0; b <= 0xDE; ++b) {
+    if (b != 0xD7) pair(b, b + 32);  // À-Þ, but not the multiplication sign
+  }
+  return t;
+}
+constexpr CaseTables kCase = MakeCaseTables();
+
+// The code-page byte of a Unicode code point, or '?' when there is none.
+char CodePointToAnsi(char32_t cp) {
+  if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
+  for (int i = 0; i < 32; ++i) {
+    if (kHighControls[i] == cp) return static_cast<char>(0x80 + i);
+  }
+  return '?';
+}
+
+void AppendUtf8(std::string& out, char32_t cp) {
+  if (cp < 0x80) {
+    out += static_cast<char>(cp);
+  } else if (cp < 0x800) {
+    out += static_cast<char>(0xC0 | (cp >> 6));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  } else {
+    out += static_cast<char>(0xE0 | (cp >> 12));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  }
+}
+
+// Decodes one UTF-8 sequence at text[i]; advances i. Malformed input gives U+FFFD.
+char32_t NextCodePoint(std::string_view text, size_t& i) {
+  const auto lead = static_cast<unsigned char>(text[i++]);
+  if (lead < 0x80) return lead;
+  int extra = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC2 ? 1 : -1;
+  if (extra < 0 || lead >= 0xF5) return 0xFFFD;
+  char32_t cp = lead & (0x3F >> extra);
+  for (int k = 0; k < extra; ++k) {
+    if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0xFFFD;
+    cp = (cp << 6) | (static_cast<unsigned char>(text[i++]) & 0x3F);
+  }
+  return cp;
+}
+
+}  // namespace
+
+char16_t AnsiToUnicode(unsigned char byte) { return kUnicode[byte]; }
+
+std::u16string AnsiToUtf16(std::string_view text) {
+  std::u16string out(text.size(), u'\0');
+  std::transform(text.begin(), text.end(), out.begin(),
+                 [](char c) { return kUnicode[static_cast<unsigned char>(c)]; });
+  return out;
+}
+
+std::string AnsiToUtf8(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) AppendUtf8(out, kUnicode[static_cast<unsigned char>(c)]);
+  return out;
+}
+
+AnsiString Utf16ToAnsi(std::u16string_view text) {
+  AnsiString out;
+  out.reserve(text.size());
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    const bool highSurrogate = unit >= 0xD800 && unit < 0xDC00;
+    if (highSurrogate && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
+      ++i;  // a character beyond the basic plane is one '?'
+    }
+    out += CodePointToAnsi(unit);
+  }
+  return out;
+}
+
+AnsiString Utf8ToAnsiText(std::string_view text) {
+  AnsiString out;
+  out.reserve(text.size());
+  for (size_t i = 0; i < text.size();) out += CodePointToAnsi(NextCodePoint(text, i));
+  return out;
+}
+
+unsigned char LowerAnsiChar(unsigned char c) { return kCase.lower[c]; }
+unsigned char UpperAnsiChar(unsigned char c) { return kCase.upper[c]; }
+
+void LowerAnsiInPlace(AnsiString& text) {
+  for (char& c : text) c = static_cast<char>(kCase.lower[static_cast<unsigned char>(c)]);
+}
+
+AnsiString LowerAnsi(std::string_view text) {
+  AnsiString out(text);
+  LowerAnsiInPlace(out);
+  return out;
+}
+
+AnsiString UpperAnsi(std::string_view text) {
+  AnsiString out(text);
+  for (char& c : out) c = static_cast<char>(kCase.upper[static_cast<unsigned char>(c)]);
+  return out;
+}
+
+int CompareCodeUnits(std::string_view a, std::string_view b) {
+  const size_t n = std::min(a.size(), b.size());
+  const auto [pa, pb] = std::mismatch(a.begin(), a.begin() + n, b.begin());
+  if (pa == a.begin() + n) {
+    return a.size() < b.size() ? -1 : (a.size() > b.size() ? 1 : 0);
+  }
+  return static_cast<int>(kUnicode[static_cast<unsigned char>(*pa)]) -
+         static_cast<int>(kUnicode[static_cast<unsigned char>(*pb)]);
+}
+
+}  // namespace wordtally

@@ -1,0 +1,36 @@
+#pragma once
+// An unexpected error of a counting run, numbered as the error report expects
+// (6 overflow, 7 out of memory, 53 file not found, 70 permission denied, 75 path/file access).
+// Only the run procedures catch it; every other routine reports by its return value.
+#include <stdexcept>
+#include <cstdint>
+#include <string>
+
+namespace wordtally {
+
+enum RunErrorNumber : int {
+  kErrOverflow = 6,
+  kErrOutOfMemory = 7,
+  kErrFileNotFound = 53,
+  kErrPermissionDenied = 70,
+  kErrPathFileAccess = 75,
+  kErrTextboxFull = -6,  // the listing would overflow the output textbox
+};
+
+class RunError : public std::runtime_error {
+ public:
+  RunError(int number, const std::string& description)
+      : std::runtime_error(description), number_(number) {}
+  int Number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+// Adds one to a 32-bit counter; passing 2147483647 is an overflow error, never a wrap-around.
+inline void Increment(int32_t& counter) {
+  if (counter == INT32_MAX) throw RunError(kErrOverflow, "Overflow");
+  ++counter;
+}
+
+}  // namespace wordtally
