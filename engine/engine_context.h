@@ -2,6 +2,8 @@
 // Everything a counting run works on: the host, the settings, the run record, the word store and
 // the common-words list. Owned by the front end (main window or command line); no globals.
 #include <cstdint>
+#include <functional>
+#include <string_view>
 #include <vector>
 
 #include "engine/counting_settings.h"
@@ -27,6 +29,11 @@ struct EngineContext {
   WordStore store;
   CommonWordsList commonWords;
   bool blnMacNoticeShown = false;  // the Mac-style line-ending notice is shown once per program run
+
+  // Front-end choices. The command line reads files through the engine's second file-reading
+  // path, which skips the line-ending checks, and receives every listing line in full.
+  bool skipLineEndingChecks = false;
+  std::function<void(std::string_view)> onListingLine;
 
   // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
   // kTurnStride calls, and it decides by its clock whether a real turn is due.

@@ -33,6 +33,7 @@ struct RunState {
   // Clock.
   bool blnElapsedTimeRunning = false;
   int32_t lngSecondsElapsed = 0;
+  int16_t intProgressBarPosition = 0;  // cells filled at the last progress-bar update
 
   // Listing.
   int16_t intMinWidth = 6;

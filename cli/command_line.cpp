@@ -1,0 +1,114 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include "settings/common_words_choice.h"
+
+namespace wordtally {
+namespace {
+
+void AddOptions(CLI::App& app, CommandLineOptions& o) {
+  app.add_option("INPUT", o.input, "Input file (text, HTML/XML/PHP or docx); \"-\" reads "
+                                   "standard input as clipboard text (UTF-8)")
+      ->required();
+  app.add_flag("--case-sensitive", o.caseSensitive, "Upper/lower case significant");
+  app.add_flag("--no-hyphens", o.noHyphens, "Do not allow hyphens inside words");
+  app.add_flag("--apostrophes", o.apostrophes, "Allow apostrophes inside words");
+  app.add_flag("--numerals", o.numerals, "Allow the digits 0-9 in words");
+  app.add_flag("--singular", o.singular, "Convert plural words in English to singular form");
+  app.add_flag("--ascii-only", o.asciiOnly, "Allow only 7-bit ASCII characters");
+  app.add_flag("--keep-no-vowel", o.keepNoVowel, "Keep words with no vowel or 'y'");
+  app.add_flag("--no-comment-markers", o.noCommentMarkers,
+               "Count the text between comment markers too");
+  auto* file = app.add_option("--common-words", o.commonWordsFile,
+                              "Ignore the common words listed in FILE")
+                   ->check(CLI::ExistingFile);
+  app.add_option("--language", o.language, "Ignore the common words of a language")
+      ->check(CLI::IsMember({"en", "de", "es", "pt", "it", "fr", "all"}))
+      ->excludes(file);
+  app.add_option("--ignore", o.ignore, "Words to ignore, separated by blanks");
+  app.add_option("--min-frequency", o.minFrequency,
+                 "Ignore words with fewer than N occurrences (2..9)")
+      ->check(CLI::Range(2, 9));
+  app.add_option("--order", o.order, "Order of the listing (default alphabetical)")
+      ->check(CLI::IsMember({"frequency", "alphabetical"}));
+  app.add_option("--format", o.format,
+                 "Listing format 0..9 (default 0): 0 rank frequency word, 1 rank word frequency, "
+                 "2 rank frequency, 3 rank word, 4 frequency rank, 5 frequency word, "
+                 "6 word rank, 7 word frequency, 8 word, 9 word (+ commas)")
+      ->check(CLI::Range(0, 9));
+  app.add_option("--output", o.output, "Also write the listing to FILE (txt or csv)");
+  app.add_flag("--commas", o.commas, "Separate the fields of the output file by commas");
+  auto* utf8 = app.add_flag("--utf8", o.utf8, "Scan the input as UTF-8");
+  app.add_flag("--ansi", o.ansi, "Scan the input as ANSI (Windows-1252)")->excludes(utf8);
+  app.add_option("--settings", o.settingsFile, "Start from the settings saved in FILE.qzl")
+      ->check(CLI::ExistingFile);
+  app.add_flag("--stats", o.stats, "Print the statistics after the listing");
+  app.set_version_flag("--version", std::string("wordtally ") + WORDTALLY_VERSION);
+}
+
+}  // namespace
+
+std::optional<CommandLineOptions> ParseCommandLine(int argc, char** argv, int& exitStatus) {
+  CLI::App app{"Counts how often each different word occurs in a text and lists the words.",
+               "wordtally"};
+  CommandLineOptions options;
+  AddOptions(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    exitStatus = app.exit(e);
+    if (exitStatus != 0) exitStatus = 2;
+    return std::nullopt;
+  }
+  return options;
+}
+
+bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFolder,
+                      CountingSettings& s, std::string& error) {
+  auto setIf = [](bool flag, int& field, int value) {
+    if (flag) field = value;
+  };
+  setIf(o.caseSensitive, s.chkCaseSignificant, 1);
+  setIf(o.noHyphens, s.chkAllowWordsWithHyphens, 0);
+  setIf(o.apostrophes, s.chkAllowWordsWithApostrophes, 1);
+  setIf(o.numerals, s.chkAllowWordsWithNumerals, 1);
+  setIf(o.singular, s.chkDropFinalS, 1);
+  setIf(o.asciiOnly, s.chkOnly7bitASCII, 1);
+  setIf(o.keepNoVowel, s.chkIgnoreNoVowel, 0);
+  setIf(o.noCommentMarkers, s.chkAllowCommentMarkers, 0);
+  setIf(o.commas, s.chkOutputWithCommas, 1);
+  // Without --utf8 the UTF-8 box starts cleared, so that a file detected as UTF-8 is asked
+  // about and the console's answer follows the detection (or --ansi).
+  s.chkUTF8 = o.utf8 ? 1 : 0;
+  if (o.ignore) s.txbWordsToIgnore = *o.ignore;
+  if (o.minFrequency) {
+    s.chkIgnoreInfrequentWords = 1;
+    s.cboThresholdFrequency = *o.minFrequency - 2;
+  }
+  if (o.order) s.cboWordOrder = *o.order == "frequency" ? 0 : 1;
+  if (o.format) s.cboDisplayFormat = *o.format;
+  s.optInFile = o.input != "-";
+  s.txbFile[0] = s.optInFile ? o.input : "";
+  s.txbFile[1] = o.output;
+  s.chkDisableOutputToFile = 0;
+  s.chkSuppressWords = 1;  // nothing watches the words as they are found
+
+  std::string commonWords = o.commonWordsFile;
+  if (!o.language.empty()) {
+    const CommonWordsLanguage* language = FindCommonWordsLanguage(o.language);
+    commonWords = FindCommonWordsFile(programFolder, language->fileName);
+    if (commonWords.empty()) {
+      error = "The common-words file " + std::string(language->fileName) +
+              " was not found beside the program.";
+      return false;
+    }
+  }
+  if (!commonWords.empty()) {
+    s.txbCommonWordsFile = commonWords;
+    s.chkIgnoreCommonWords = 1;
+  }
+  return true;
+}
+
+}  // namespace wordtally

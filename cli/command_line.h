@@ -1,0 +1,33 @@
+#pragma once
+// The command line's options and how they map onto the counting settings.
+#include <optional>
+#include <string>
+
+#include "engine/counting_settings.h"
+
+namespace wordtally {
+
+struct CommandLineOptions {
+  std::string input;  // "-": standard input, taken as clipboard text
+  bool caseSensitive = false, noHyphens = false, apostrophes = false, numerals = false;
+  bool singular = false, asciiOnly = false, keepNoVowel = false, noCommentMarkers = false;
+  std::string commonWordsFile, language;
+  std::optional<std::string> ignore;
+  std::optional<int> minFrequency;
+  std::optional<std::string> order;
+  std::optional<int> format;
+  std::string output;
+  bool commas = false, utf8 = false, ansi = false, stats = false;
+  std::string settingsFile;
+};
+
+// Parses argv; on --help, --version or a usage error prints the text CLI11 gives and returns the
+// exit status (0 or 2) in exitStatus, else returns the options.
+std::optional<CommandLineOptions> ParseCommandLine(int argc, char** argv, int& exitStatus);
+
+// Applies the options over settings (defaults, or a loaded settings file). programFolder locates
+// the bundled common-words files for --language. False, with error set, when a file is missing.
+bool ApplyCommandLine(const CommandLineOptions& options, const std::string& programFolder,
+                      CountingSettings& settings, std::string& error);
+
+}  // namespace wordtally

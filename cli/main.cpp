@@ -1,0 +1,64 @@
+// wordtally: the command-line front end. Counts the words of a file (or of standard input) with
+// the same engine as the desktop program and prints the listing.
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+
+#include "cli/command_line.h"
+#include "cli/console_host.h"
+#include "engine/engine_context.h"
+#include "engine/run_driver.h"
+#include "settings/settings_file.h"
+
+namespace {
+
+std::string ProgramFolder() {
+  std::error_code ec;
+  return std::filesystem::read_symlink("/proc/self/exe", ec).parent_path().string();
+}
+
+std::u16string ReadStandardInput() {
+  const std::string utf8{std::istreambuf_iterator<char>(std::cin),
+                         std::istreambuf_iterator<char>()};
+  return wordtally::AnsiToUtf16(wordtally::Utf8ToAnsiText(utf8));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace wordtally;
+  int exitStatus = 0;
+  const auto options = ParseCommandLine(argc, argv, exitStatus);
+  if (!options) return exitStatus;
+
+  CountingSettings settings;
+  AnsiString error;
+  if (!options->settingsFile.empty() && !LoadSettingsFile(options->settingsFile, settings, error)) {
+    std::cerr << ToTerminalText(error) << '\n';
+    return 2;
+  }
+  std::string applyError;
+  if (!ApplyCommandLine(*options, ProgramFolder(), settings, applyError)) {
+    std::cerr << applyError << '\n';
+    return 1;
+  }
+
+  ConsoleHost host(options->ansi ? Answer::No : Answer::Yes);
+  if (!settings.optInFile) host.SetClipboardText(ReadStandardInput());
+  EngineContext ctx(host, settings);
+  ctx.skipLineEndingChecks = true;
+  std::string listing;
+  ctx.onListingLine = [&listing](std::string_view line) {
+    listing += ToTerminalText(line);
+    listing += '\n';
+  };
+  txbWordsToIgnore_LostFocus(settings, host);
+
+  DoIt(ctx);
+  if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
+  std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
+  if (options->stats) std::cout << host.StatisticsText();
+  return 0;
+}

@@ -1,0 +1,66 @@
+#include "engine/clipboard_input.h"
+
+#include <new>
+
+#include "engine/engine_context.h"
+#include "engine/program_texts.h"
+#include "support/number_format.h"
+
+namespace wordtally {
+namespace {
+
+void ShowSizeOf(EngineContext& ctx, size_t length) {
+  ctx.host.SetCaption(Control::SizeOfClipboardContents,
+                      FormatByteCount(static_cast<double>(length), false) + " on the clipboard.");
+}
+
+void Tell(EngineContext& ctx, std::string_view title, const AnsiString& text) {
+  ctx.host.ShowMessage({AnsiString(title), text, MessageIcon::None, MessageButtons::Ok});
+}
+
+}  // namespace
+
+void ShowClipboardSize(EngineContext& ctx) { ShowSizeOf(ctx, ctx.host.ClipboardText().size()); }
+
+void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox) {
+  ctx.host.SetCaption(Control::Status, "");
+  size_t n = 0;
+  try {
+    const std::u16string text = ctx.host.ClipboardText();
+    if (text.empty()) {
+      ctx.host.SetPastedText(u"");
+      Tell(ctx, "Clipboard empty", "Clipboard is empty.");
+      return;
+    }
+    n = text.size();
+    ShowSizeOf(ctx, n);
+    if (n > static_cast<size_t>(kClipboardTextLimit)) {
+      Tell(ctx, "Too much clipboard text",
+           "There are " + FormatWholeNumber(static_cast<int64_t>(n)) +
+               " characters in the text on the clipboard.\r\nThe maximum permitted is " +
+               FormatWholeNumber(kClipboardTextLimit) +
+               ".  If possible,\r\ncount word frequencies for this text using an input file.");
+      return;
+    }
+    if (pasteIntoTextBox) ctx.host.SetPastedText(text);
+  } catch (const std::bad_alloc&) {
+    AnsiString text = "There is too much text on the clipboard to paste into the textbox.";
+    if (n < static_cast<size_t>(kClipboardTextLimit)) {
+      text += "\r\nIt may, however, still be possible to count word frequencies.";
+    }
+    Tell(ctx, texts::kGenericErrorTitle, text);
+  }
+}
+
+bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls) {
+  const size_t limit = maxChars < 1 ? s.size() : std::min(s.size(), static_cast<size_t>(maxChars));
+  for (size_t i = 0; i < limit; ++i) {
+    const unsigned lowByte = s[i] & 0xFF;
+    if (lowByte >= 32) continue;
+    const bool lineControl = lowByte == 9 || lowByte == 10 || lowByte == 12 || lowByte == 13;
+    if (!allowLineControls || !lineControl) return false;
+  }
+  return true;
+}
+
+}  // namespace wordtally

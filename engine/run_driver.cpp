@@ -1,0 +1,243 @@
+#include "engine/run_driver.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include "engine/engine_context.h"
+#include "engine/program_texts.h"
+#include "engine/progress.h"
+#include "engine/word_filters.h"
+#include "results/list_summary.h"
+#include "results/listing.h"
+#include "results/sorting.h"
+#include "support/file_utils.h"
+#include "support/number_format.h"
+#include "support/run_error.h"
+
+namespace wordtally {
+namespace {
+
+bool OutputFileActive(const CountingSettings& s) {
+  return s.chkDisableOutputToFile != 1 && !s.txbFile[1].empty();
+}
+
+// Checks that the output file can be written, without touching an existing file's content; a
+// file that did not exist is created and removed again.
+void ProbeOutputFile(const std::string& path) {
+  const bool existed = FileExists(path);
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT, 0644);
+  if (fd < 0) {
+    const int number = errno == EACCES || errno == EPERM || errno == EISDIR ? kErrPermissionDenied
+                                                                          : kErrPathFileAccess;
+    throw RunError(number, std::strerror(errno));
+  }
+  ::close(fd);
+  if (!existed) ::unlink(path.c_str());
+}
+
+void ResetRun(EngineContext& ctx) {
+  RunState& run = ctx.run;
+  run.blnReadingWords = false;
+  run.blnStoppedAndListed = false;
+  run.blnCharacterEntitiesPossible = false;
+  run.blnSuppressionNoticeShown = false;
+  run.blnInputIsDocx = false;
+  run.blnWordsGot = false;
+  run.intMinWidth = 6;
+  run.lngTotalNumOccurrences = 0;
+  run.lngNumWordsIgnored = 0;
+  run.comment = CommentState{};
+  run.stats = ListStatistics{};
+  run.intThresholdFrequency = ThresholdFrequency(ctx.settings);
+}
+
+void SetIdle(EngineContext& ctx) {
+  ctx.host.StopTimer();
+  ctx.run.blnElapsedTimeRunning = false;
+  ctx.host.SetCaption(Control::CountButton, AnsiString(texts::kCountButtonIdle));
+  ctx.host.SetCaption(Control::Twirler, " ");
+  ctx.host.SetBusy(false);
+}
+
+// The common words must be in memory before a run that ignores them.
+bool EnsureCommonWordsLoaded(EngineContext& ctx) {
+  CountingSettings& s = ctx.settings;
+  if (s.chkIgnoreCommonWords != 1) return true;
+  if (ctx.commonWords.blnCommonWordsLoaded &&
+      ctx.commonWords.strCommonWordsFile == s.txbCommonWordsFile) {
+    return true;
+  }
+  ctx.commonWords.strCommonWordsFile = s.txbCommonWordsFile;
+  return AttemptToReadCommonWords(ctx);
+}
+
+// Source "clipboard": there must be text on it.
+bool ClipboardHasText(EngineContext& ctx) {
+  if (!ctx.host.ClipboardText().empty()) return true;
+  ctx.host.ShowMessage({"Clipboard empty", "Clipboard is empty.", MessageIcon::None,
+                        MessageButtons::Ok});
+  ctx.settings.optInFile = true;
+  ctx.host.SettingsChanged();
+  return false;
+}
+
+// Counts the chosen source into the store; false when the run was abandoned.
+bool CountSource(EngineContext& ctx) {
+  CountingSettings& s = ctx.settings;
+  if (!s.optInFile) return ClipboardHasText(ctx) && DoItFromClipboard(ctx);
+  const size_t first = s.txbFile[0].find_first_not_of(' ');
+  s.txbFile[0] = first == std::string::npos
+                     ? ""
+                     : s.txbFile[0].substr(first, s.txbFile[0].find_last_not_of(' ') - first + 1);
+  ctx.host.SettingsChanged();
+  if (s.txbFile[0].empty()) {
+    ctx.host.ShowMessage({AnsiString(texts::kInputFileNotSpecifiedTitle),
+                          "Input file not specified.", MessageIcon::Exclamation,
+                          MessageButtons::Ok});
+    ctx.host.SetOutputText("");
+    ctx.host.FocusOutput();
+    return false;
+  }
+  return DoItFromFile(ctx);
+}
+
+// After a stop: reports what was found and asks whether to list it. False: do not list.
+bool ConfirmListingAfterStop(EngineContext& ctx) {
+  ctx.run.blnStop = false;
+  const int32_t n = ctx.store.lngNumWords();
+  if (ctx.host.OutputLength() > 0) ctx.host.AppendOutput("\r\n\r\n");
+  ctx.host.AppendOutput("Stopped with" + NumberText(n) + " word" + (n == 1 ? "" : "s") +
+                        " found.");
+  ConcealNumWords(ctx, false);
+  const Answer answer = ctx.host.ShowMessage(
+      {"Counting interrupted",
+       "The operation was stopped before all words were counted.\r\n"
+       "Do you wish to list the words which were found?",
+       MessageIcon::None, MessageButtons::YesNo, Answer::Yes});
+  if (answer != Answer::Yes) return false;
+  ctx.run.blnStoppedAndListed = true;
+  return true;
+}
+
+void ShowPhase(EngineContext& ctx, std::string_view text) {
+  ctx.host.SetOutputText(AnsiString(text) + " ...");
+}
+
+ListingOptions MakeListingOptions(const EngineContext& ctx) {
+  const CountingSettings& s = ctx.settings;
+  ListingOptions options;
+  options.cboWordOrder = s.cboWordOrder;
+  options.cboDisplayFormat = s.cboDisplayFormat;
+  options.chkOutputWithCommas = s.chkOutputWithCommas;
+  options.chkWarnOnOverwrite = s.chkWarnOnOverwrite;
+  options.chkDisableOutputToFile = s.chkDisableOutputToFile;
+  options.strOutputFile = s.txbFile[1];
+  options.chkIgnoreInfrequentWords = s.chkIgnoreInfrequentWords;
+  options.intThresholdFrequency = ctx.run.intThresholdFrequency;
+  options.intMinWidth = ctx.run.intMinWidth;
+  options.blnStop = &ctx.run.blnStop;
+  options.onLine = ctx.onListingLine;
+  return options;
+}
+
+// Orders the store, works out the ranks and lists the words with their statistics.
+void ListResults(EngineContext& ctx) {
+  ctx.run.blnWordsGot = !ctx.run.blnStoppedAndListed;
+  ctx.host.SetCaption(Control::CountButton, AnsiString(texts::kCountButtonBusy));
+  const auto list = ctx.store.WordList();
+  ListStatistics& stats = ctx.run.stats;
+  ShowPhase(ctx, texts::kMarkingWords);
+  MarkIncludedWords(list, ctx.settings.chkIgnoreInfrequentWords == 1,
+                    ctx.run.intThresholdFrequency);
+  ShowPhase(ctx, texts::kRankingWords);
+  CountIncludedWords(list, stats);
+  BuildFrequencyOrder(list, stats, ctx.host);
+  ShowPhase(ctx, texts::kPreparingListing);
+  ShowListStatistics(ctx.host, stats, ctx.run.lngTotalNumOccurrences, ctx.run.lngNumWordsIgnored,
+                     ctx.settings.chkIgnoreCommonWords == 1);
+  const ListingOutcome outcome = ListWords(list, stats, ctx.host, MakeListingOptions(ctx));
+  ctx.run.blnStop = false;
+  // A front end that receives the whole listing line by line has it all: the textbox's limit
+  // does not concern it.
+  if (outcome.end == ListingEnd::TextboxFull && !ctx.onListingLine) {
+    const AnsiString where = outcome.blnFileWritten ? outcome.strOutputFile : AnsiString();
+    ReportError(ctx, kErrTextboxFull, where, "", outcome.strProcedure);
+  }
+}
+
+AnsiString TextboxFullText(std::string_view outputFile) {
+  AnsiString text =
+      "The list is too long to be shown in full in the text window,\r\n"
+      "which shows only its first part.";
+  if (outputFile.empty()) {
+    return text + "\r\n\r\nTo get the whole list, specify an output file and count again.";
+  }
+  return text + "\r\n\r\nThe whole list is in the output file\r\n" + AnsiString(outputFile);
+}
+
+}  // namespace
+
+bool ValidateSettings(EngineContext& ctx) {
+  const CountingSettings& s = ctx.settings;
+  if (s.chkUTF8 == 1 && s.chkOnly7bitASCII == 1) {
+    ctx.host.ShowMessage({"Incompatible setting",
+                          "Scanning as UTF-8 is not compatible with\r\n"
+                          "'Allow only 7-bit ASCII characters'.\r\n\r\n"
+                          "Clear one of the two settings.",
+                          MessageIcon::Exclamation, MessageButtons::Ok});
+    return false;
+  }
+  return true;
+}
+
+void ReportError(EngineContext& ctx, int number, std::string_view description,
+                 std::string_view prefix, std::string_view procedure) {
+  ctx.host.StopTimer();
+  ctx.run.blnElapsedTimeRunning = false;
+  AnsiString text;
+  if (number == kErrTextboxFull) {
+    text = TextboxFullText(description) + "\r\n(" + AnsiString(procedure) + ")";
+  } else {
+    text = AnsiString(prefix) + "At " + AnsiString(procedure) + " error #" +
+           std::to_string(number) + ".\r\nDescription: " + AnsiString(description);
+  }
+  ctx.host.ShowMessage({AnsiString(texts::kErrorReportTitle), text, MessageIcon::Exclamation,
+                        MessageButtons::Ok});
+}
+
+void DoIt(EngineContext& ctx) {
+  if (!ValidateSettings(ctx)) return;
+  ctx.host.SetBusy(true);
+  ResetRun(ctx);
+  try {
+    if (!EnsureCommonWordsLoaded(ctx)) {
+      SetIdle(ctx);
+      return;
+    }
+    if (OutputFileActive(ctx.settings)) ProbeOutputFile(ctx.settings.txbFile[1]);
+    StartClock(ctx);
+    if (CountSource(ctx)) {
+      const auto list = ctx.store.WordList();
+      QuickSortWords(list, 1, ctx.store.lngNumWords(), 1);
+      if (!ctx.run.blnStop || ConfirmListingAfterStop(ctx)) ListResults(ctx);
+    }
+  } catch (const RunError& e) {
+    ReportError(ctx, e.Number(), e.what(), texts::kErrorReportPrefix, "DoIt");
+    if (e.Number() == kErrPermissionDenied) {
+      ctx.host.SetOutputText(
+          "Error: " + AnsiString(e.what()) +
+          "\r\nIf the output file is open in Excel then it must first be closed\r\n"
+          "or a different file should be specified as the output file.");
+    }
+  } catch (const std::bad_alloc&) {
+    ReportError(ctx, kErrOutOfMemory, "Out of memory", texts::kErrorReportPrefix, "DoIt");
+  }
+  SetIdle(ctx);
+  ctx.host.FocusOutput();
+}
+
+}  // namespace wordtally
