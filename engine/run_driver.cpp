@@ -161,6 +161,10 @@ void ListResults(EngineContext& ctx) {
                      ctx.settings.chkIgnoreCommonWords == 1);
   const ListingOutcome outcome = ListWords(list, stats, ctx.host, MakeListingOptions(ctx));
   ctx.run.blnStop = false;
+  if (outcome.blnFileWritten && outcome.strOutputFile != ctx.settings.txbFile[1]) {
+    ctx.settings.txbFile[1] = outcome.strOutputFile;  // edited in the overwrite box
+    ctx.host.SettingsChanged();
+  }
   // A front end that receives the whole listing line by line has it all: the textbox's limit
   // does not concern it.
   if (outcome.end == ListingEnd::TextboxFull && !ctx.onListingLine) {

@@ -1,0 +1,59 @@
+#pragma once
+// The text of one listing line in each of the ten display formats, plain (blanks between the
+// columns) or in comma mode (",  " between them, for a spreadsheet), and the header line.
+#include <cstdint>
+#include <span>
+
+#include "engine/word_store.h"
+#include "results/list_statistics.h"
+#include "support/ansi_text.h"
+
+namespace wordtally {
+
+// cboDisplayFormat, in the order of the combo box's items.
+enum DisplayFormat : int {
+  kRankFrequencyWord = 0,
+  kRankWordFrequency = 1,
+  kRankFrequency = 2,
+  kRankWord = 3,
+  kFrequencyRank = 4,
+  kFrequencyWord = 5,
+  kWordRank = 6,
+  kWordFrequency = 7,
+  kWordOnly = 8,
+  kWordWithCommas = 9,
+};
+inline constexpr int kNumDisplayFormats = 10;
+
+// The column widths and choices of one listing.
+struct ListingLayout {
+  int cboDisplayFormat = kRankFrequencyWord;
+  bool blnCommaMode = false;
+  int16_t intRankWidth = 6;
+  int16_t intFreqWidth = 6;
+  int16_t intWordWidth = 6;
+  int16_t intMaxWordLengthFound = 0;
+};
+
+// Each width is the larger of intMinWidth and what the column must hold: the digits of
+// lngNumWordsIncluded, of lngMaxFrequency, and intMaxWordLengthFound characters.
+ListingLayout MakeListingLayout(const ListStatistics& stats, int16_t intMinWidth,
+                                int cboDisplayFormat, bool blnCommaMode);
+
+// The three fields of the word at index (index 0: the headings "Rank", "Freq", "Word"), each
+// appended to text. Rank and frequency are right-aligned to their widths. The word is
+// left-aligned to its width, or, in comma mode for the formats where it is not the last field
+// (1, 6 and 7), followed by ", " instead.
+void RankText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
+              AnsiString& text);
+void FreqText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
+              AnsiString& text);
+void WordText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
+              AnsiString& text);
+
+// Replaces line by the line of the word at index, or by the header line for index 0 (which, for
+// the formats ending in the word, ends in " (longest has N characters)"). No line break.
+void BuildListingLine(const ListingLayout& layout, std::span<const WordListEntry> WordList,
+                      int32_t index, AnsiString& line);
+
+}  // namespace wordtally
