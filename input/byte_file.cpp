@@ -1,0 +1,72 @@
+#include "input/byte_file.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "support/run_error.h"
+
+namespace wordtally {
+
+int ByteFile::Open(const std::string& path) {
+  Close();
+  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return lastError_ = errno;
+  struct stat info {};
+  if (::fstat(fd, &info) != 0 || S_ISDIR(info.st_mode)) {
+    lastError_ = S_ISDIR(info.st_mode) ? EISDIR : errno;
+    ::close(fd);
+    return lastError_;
+  }
+  fd_ = fd;
+  size_ = info.st_size;
+  lastError_ = 0;
+  return 0;
+}
+
+void ByteFile::Close() {
+  if (fd_ >= 0) ::close(fd_);
+  fd_ = -1;
+  size_ = 0;
+}
+
+std::ptrdiff_t ByteFile::Read(char* data, std::size_t size) {
+  std::size_t total = 0;
+  while (total < size) {
+    ssize_t got = ::read(fd_, data + total, size - total);
+    if (got == 0) break;
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      lastError_ = errno;
+      return -1;
+    }
+    total += static_cast<std::size_t>(got);
+  }
+  return static_cast<std::ptrdiff_t>(total);
+}
+
+int RunErrorNumberOf(int osError) {
+  switch (osError) {
+    case EACCES:
+    case EPERM:
+      return kErrPermissionDenied;
+    case ENOENT:
+      return kErrFileNotFound;
+    default:
+      return kErrPathFileAccess;
+  }
+}
+
+std::string RunErrorDescription(int runErrorNumber) {
+  switch (runErrorNumber) {
+    case kErrPermissionDenied:
+      return "Permission denied";
+    case kErrFileNotFound:
+      return "File not found";
+    default:
+      return "Path/File access error";
+  }
+}
+
+}  // namespace wordtally

@@ -1,0 +1,39 @@
+#pragma once
+// A file opened for reading as raw bytes, closed again when the object goes away, so that no
+// path out of a routine can leave it open. Errors are kept as the operating system's error number.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace wordtally {
+
+class ByteFile {
+ public:
+  ByteFile() = default;
+  ~ByteFile() { Close(); }
+  ByteFile(const ByteFile&) = delete;
+  ByteFile& operator=(const ByteFile&) = delete;
+
+  // Opens a regular file for reading: 0 on success, else the error number (EISDIR for a folder).
+  int Open(const std::string& path);
+  void Close();
+  bool IsOpen() const { return fd_ >= 0; }
+  int64_t Size() const { return size_; }
+
+  // Reads until size bytes are in or the file ends: the count read, or -1 on an error
+  // (then LastError() holds its error number).
+  std::ptrdiff_t Read(char* data, std::size_t size);
+  int LastError() const { return lastError_; }
+
+ private:
+  int fd_ = -1;
+  int64_t size_ = 0;
+  int lastError_ = 0;
+};
+
+// The run-error number of an operating-system error: 70 permission denied, 53 file not found,
+// 75 path/file access error for everything else; and the description that goes with it.
+int RunErrorNumberOf(int osError);
+std::string RunErrorDescription(int runErrorNumber);
+
+}  // namespace wordtally

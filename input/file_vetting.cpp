@@ -1,0 +1,308 @@
+#include "input/file_vetting.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "input/byte_file.h"
+#include "input/line_reader.h"
+#include "input/text_search.h"
+#include "support/file_utils.h"
+#include "support/number_format.h"
+
+namespace wordtally {
+
+namespace {
+
+constexpr int32_t kSampleBytes = 16384;
+constexpr int64_t kSlowUnixFileBytes = 256000;
+constexpr int64_t kRefusedUnixFileBytes = 512000;
+constexpr int64_t kClipboardAdviceBelowBytes = 102400;
+constexpr double kClipboardAdviceBelowPercent = 9;
+const std::string kNewLine = "\r\n";
+
+int16_t ProbeCodeOfOsError(int osError) {
+  return (osError == EACCES || osError == EPERM) ? kProbePermissionDenied : kProbeOtherError;
+}
+
+// A charset declaration or the UTF-8 lead of the general punctuation block anywhere in the file.
+// A read failure counts as no hint.
+bool HasUtf8Hint(const std::string& fileName) {
+  LineReader reader;
+  if (!reader.Open(fileName)) return false;
+  std::string_view line;
+  while (reader.NextLine(line)) {
+    if (DeclaresUtf8Charset(line) ||
+        FindBytePair(line, '\xE2', '\x80') != std::string_view::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
+int16_t ProbeByteOrderMark(const unsigned char* b) {
+  if (b[0] == 0xFF && b[1] == 0xFE) return kProbeUtf16LE;
+  if (b[0] == 0xFE && b[1] == 0xFF) return kProbeUtf16BE;
+  if (b[0] == 0xEF && b[1] == 0xBB && b[2] == 0xBF) return kProbeUtf8;
+  if (b[0] == 0x00 && b[1] == 0x00 && b[2] == 0xFE && b[3] == 0xFF) return kProbeUtf32BE;
+  return kProbeUndecided;
+}
+
+// Every "xml" file that begins with "<" is taken as UTF-8 without looking further.
+int16_t ProbeXmlStart(const unsigned char* b) {
+  if (b[0] == '<') return b[1] != 0 ? kProbeUtf8 : kProbeUtf16LE;
+  if (b[0] == 0 && b[1] == '<') return kProbeUtf16BE;
+  return kProbeUndecided;
+}
+
+bool IsCountedControlChar(unsigned char c) {
+  return c < 32 && c != '\t' && c != '\n' && c != '\r' && c != '\f' && c != '\b';
+}
+
+void Tell(Host& host, const std::string& title, const std::string& text, MessageIcon icon) {
+  host.ShowMessage({title, text, icon, MessageButtons::Ok, Answer::Ok});
+}
+
+void ShowProbeFailure(Host& host, const std::string& name, int16_t code) {
+  std::string text;
+  switch (code) {
+    case kProbeNotFound: text = "File " + name + " not found."; break;
+    case kProbeZeroLength: text = "File " + name + " is zero-length."; break;
+    case kProbePermissionDenied:
+      text = "File " + name + kNewLine + " cannot be opened (permission denied).";
+      break;
+    case kProbeOneToFourBytes: text = "File " + name + kNewLine + "contains only from 1 to 4 bytes."; break;
+    case kProbeRtf: text = "File " + name + kNewLine + "is an RTF file."; break;
+    case kClassOtherUnicode:
+      text = "File " + name + kNewLine + "is a Unicode file but not UTF-8 encoded.";
+      break;
+    default: text = "File " + name + kNewLine + "cannot be opened."; break;
+  }
+  Tell(host, "Fatal error", text, MessageIcon::Information);
+}
+
+void ShowNotTextFile(Host& host, const std::string& name, double controlPercent,
+                     int64_t fileLength) {
+  std::string text = name + kNewLine + "is not an ANSI or UTF-8 encoded text file.";
+  if (controlPercent > 0) text += kNewLine + "It appears to be a binary file.";
+  if (controlPercent < kClipboardAdviceBelowPercent && fileLength > 0 &&
+      fileLength < kClipboardAdviceBelowBytes) {
+    text += kNewLine + kNewLine +
+            "You could try reading it using its associated application, then copying the text "
+            "and pasting it into the textbox (then copy it to the clipboard and select "
+            "'Clipboard' as the source).";
+  }
+  Tell(host, "Not a text file", text, MessageIcon::Information);
+}
+
+void ShowMacNotice(Host& host, const std::string& name) {
+  Tell(host, "This is a Mac-style text file",
+       "File " + name + kNewLine + "has Macintosh-type line endings (CR)." + kNewLine + kNewLine +
+           "You might wish to use a program such as Notepad++" + kNewLine +
+           "to convert the line endings to Windows-type (CR+LF).",
+       MessageIcon::Information);
+}
+
+// LF-only files are slow to read line by line on the desktop: large ones need consent, very
+// large ones are refused.
+bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int16_t& classCode,
+                   bool askBeforeSlowFile) {
+  if (fileLength <= kSlowUnixFileBytes) return true;
+  std::string text = "File " + name + kNewLine + "has Unix-type line endings (LF)." + kNewLine +
+                     kNewLine + "The size of this file is " + FormatFileSize(fileLength, 2) + kNewLine;
+  if (fileLength > kRefusedUnixFileBytes) {
+    text += "so processing of this file would take a long time." + kNewLine + kNewLine +
+            "You can process this file by first using a program such as Notepad++" + kNewLine +
+            "to convert the line endings to Windows-type (CR+LF).";
+    Tell(host, "Cannot process this file", text, MessageIcon::Information);
+    classCode = kClassNotText;
+    return false;
+  }
+  text += "so processing of this file might be rather slow." + kNewLine + kNewLine +
+          "It is advisable to use a program such as Notepad++" + kNewLine +
+          "to convert the line endings to Windows-type (CR+LF).";
+  if (!askBeforeSlowFile) {
+    Tell(host, "This is a Unix-style file", text, MessageIcon::Information);
+    return true;
+  }
+  const std::string title = "This is a Unix-style text file";
+  text += kNewLine + kNewLine + "Do you wish to continue processing this file?";
+  Answer answer = host.ShowMessage(
+      {title, text, MessageIcon::Information, MessageButtons::YesNo, Answer::No});
+  if (answer == Answer::Yes) return true;
+  Tell(host, title, "Operation canceled.", MessageIcon::None);
+  classCode = kClassNotText;
+  return false;
+}
+
+void MakeCurrentDirectory(const std::string& folder) {
+  if (folder.empty() || !FolderExists(folder)) return;
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
+}
+
+}  // namespace
+
+bool HasTextExtension(const std::string& fileName) {
+  static constexpr std::array<std::string_view, 11> kTextExtensions = {
+      "txt", "log", "xml", "htm", "html", "shtm", "shtml", "xhtm", "xhtml", "csv", "prn"};
+  std::string extension = LowerExtension(fileName);
+  for (std::string_view known : kTextExtensions) {
+    if (extension == known) return true;
+  }
+  return false;
+}
+
+int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints) {
+  if (fileName.empty()) return kProbeEmptyName;
+  if (!FileExists(fileName)) return kProbeNotFound;
+  std::array<unsigned char, 5> b{};
+  {
+    ByteFile file;
+    if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
+    if (file.Size() == 0) return kProbeZeroLength;
+    if (file.Size() < 5) return kProbeOneToFourBytes;
+    std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
+    if (got < 0) return ProbeCodeOfOsError(file.LastError());
+    if (got < 5) return kProbeOtherError;
+  }
+  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
+  int16_t code = ProbeByteOrderMark(b.data());
+  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
+  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
+      HasUtf8Hint(fileName)) {
+    code = kProbeUtf8;
+  }
+  return code;
+}
+
+int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
+                         unsigned char& firstControlChar, int32_t& firstControlPos,
+                         double tolerancePercent, double& controlPercent, bool& isUtf8,
+                         bool checkCharsetHints) {
+  firstControlChar = ' ';
+  firstControlPos = 0;
+  int16_t probe = DetectFileEncoding(fileName, checkCharsetHints);
+  if (probe < 0 || probe == kProbeRtf) return probe;
+  if (probe == kProbeUtf8) {
+    isUtf8 = true;
+    return kClassCrLf;
+  }
+  if (probe != kProbeUndecided) return kClassOtherUnicode;
+
+  controlPercent = 0;
+  std::string sample;
+  {
+    ByteFile file;
+    if (int osError = file.Open(fileName)) {
+      if (osError == ENOENT) return kProbeZeroLength;  // vanished since the probe
+      return ProbeCodeOfOsError(osError);
+    }
+    int64_t n = std::min<int64_t>(file.Size(), std::max<int32_t>(maxBytes, 0));
+    if (n <= 0) return kProbeZeroLength;
+    sample.resize(static_cast<std::size_t>(n));
+    std::ptrdiff_t got = file.Read(sample.data(), sample.size());
+    if (got < 0) return ProbeCodeOfOsError(file.LastError());
+    if (got == 0) return kProbeZeroLength;
+    sample.resize(static_cast<std::size_t>(got));
+  }
+
+  bool lfSeen = false;
+  bool crSeen = false;
+  int64_t count = 0;
+  const int64_t n = static_cast<int64_t>(sample.size());
+  for (int64_t i = 1; i <= n; ++i) {
+    auto c = static_cast<unsigned char>(sample[i - 1]);
+    if (c == '\n') {
+      lfSeen = true;
+    } else if (c == '\r') {
+      crSeen = true;
+    } else if (IsCountedControlChar(c)) {
+      if (count++ == 0) {
+        firstControlChar = c;
+        firstControlPos = static_cast<int32_t>(i);
+      }
+    }
+    // Past a fifth of the sample size the share so far decides a binary file early.
+    if (i * 5 > maxBytes) {
+      controlPercent = static_cast<double>(count) * 100 / static_cast<double>(i);
+      if (controlPercent > 10 * tolerancePercent) return kClassNotText;
+    }
+  }
+  controlPercent = count == 0 ? 0 : static_cast<double>(count) * 100 / static_cast<double>(n);
+  if (controlPercent > tolerancePercent) return kClassNotText;
+  if (crSeen && lfSeen) return kClassCrLf;
+  if (crSeen) return kClassCrOnly;
+  if (lfSeen) return kClassLfOnly;
+  return kClassCrLf;
+}
+
+bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& fileName,
+                    bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
+                    bool askBeforeSlowFile) {
+  host.SetCaption(Control::Status, "");
+  int64_t fileLength = FileSize(fileName);
+  unsigned char firstControlChar = ' ';
+  int32_t firstControlPos = 0;
+  double controlPercent = 0;
+  classCode = ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0,
+                               controlPercent, isUtf8, true);
+  if (classCode == kProbeEmptyName) return false;
+  if (classCode < 0 || classCode == kProbeRtf || classCode == kClassOtherUnicode) {
+    ShowProbeFailure(host, fileName, classCode);
+    return false;
+  }
+  if (classCode == kClassNotText) {
+    ShowNotTextFile(host, fileName, controlPercent, fileLength);
+    return false;
+  }
+  if (skipLineEndingChecks || classCode == kClassCrLf) return true;
+  if (classCode == kClassCrOnly) {
+    if (!blnMacNoticeShown) {
+      blnMacNoticeShown = true;
+      ShowMacNotice(host, fileName);
+    }
+    return true;
+  }
+  return CheckUnixFile(host, fileName, fileLength, classCode, askBeforeSlowFile);
+}
+
+int16_t IsZipFile(const std::string& fileName) {
+  if (!FileExists(fileName)) return -1;
+  ByteFile file;
+  if (file.Open(fileName) != 0) return 0;
+  std::array<unsigned char, 16> head{};
+  std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(head.data()), head.size());
+  if (got < 10) return 0;
+  return (head[0] == 0x50 && head[1] == 0x4B && head[2] == 0x03 && head[3] == 0x04) ? 1 : 0;
+}
+
+bool CheckInputFileExists(Host& host, const std::string& fileName) {
+  if (fileName.empty()) return false;
+  if (!FileExists(fileName)) {
+    Tell(host, "File not found", "Input file does not exist.", MessageIcon::Exclamation);
+    MakeCurrentDirectory(FolderPart(fileName));
+    return false;
+  }
+  int64_t fileLength = FileSize(fileName);
+  if (fileLength > 0) {
+    host.SetCaption(Control::FileSize, "Filesize: " + FormatFileSize(fileLength, 2));
+  } else {
+    Tell(host, "Empty file", "Input file is zero-length.", MessageIcon::Exclamation);
+    host.SetCaption(Control::FileSize, "Filesize: 0 bytes");
+  }
+  MakeCurrentDirectory(FolderPart(fileName));
+  return fileLength > 0;
+}
+
+void ShowNotDocxMessage(Host& host, const std::string& fileName) {
+  Tell(host, kNotDocxTitle,
+       "The file " + fileName + kNewLine +
+           "has a 'docx' extension but does not appear to be an MS Word 'docx' file.",
+       MessageIcon::Exclamation);
+}
+
+}  // namespace wordtally
