@@ -125,8 +125,19 @@ AnsiString Utf8ToAnsiText(std::string_view text) {
 unsigned char LowerAnsiChar(unsigned char c) { return kCase.lower[c]; }
 unsigned char UpperAnsiChar(unsigned char c) { return kCase.upper[c]; }
 
-void LowerAnsiInPlace(AnsiString& text) {
-  for (char& c : text) c = static_cast<char>(kCase.lower[static_cast<unsigned char>(c)]);
+void LowerAnsiInPlace(char* text, size_t count) {
+  for (size_t i = 0; i < count; ++i) {
+    text[i] = static_cast<char>(kCase.lower[static_cast<unsigned char>(text[i])]);
+  }
+}
+
+void LowerAnsiInPlace(AnsiString& text) { LowerAnsiInPlace(text.data(), text.size()); }
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+           return kCase.lower[static_cast<unsigned char>(x)] == kCase.lower[static_cast<unsigned char>(y)];
+         });
 }
 
 AnsiString LowerAnsi(std::string_view text) {

@@ -26,6 +26,9 @@ unsigned char UpperAnsiChar(unsigned char c);
 AnsiString LowerAnsi(std::string_view text);
 AnsiString UpperAnsi(std::string_view text);
 void LowerAnsiInPlace(AnsiString& text);
+void LowerAnsiInPlace(char* text, size_t count);
+// True when a and b are equal once both are lower-cased.
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
 // Orders two texts as their UTF-16 code units would order (so "Š", U+0160, sorts after "é",
 // U+00E9, although its byte is smaller). Returns <0, 0 or >0.

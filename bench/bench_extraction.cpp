@@ -1,0 +1,99 @@
+// The per-line path of a run on a real text: line walk, normalisation, filters and the word store,
+// with the default settings. The King James Bible (4.3 MB) is walked 100 times per measurement,
+// about 430 MB of text.
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/engine_context.h"
+#include "engine/word_extraction.h"
+#include "support/host.h"
+
+namespace wordtally {
+namespace {
+
+// A main window that is never looked at: the engine's calls cost what a virtual call costs.
+class SilentHost : public Host {
+ public:
+  Answer ShowMessage(const MessageBoxRequest& request) override { return request.defaultButton; }
+  std::optional<AnsiString> InputBox(const AnsiString&, const AnsiString&, const AnsiString& text) override {
+    return text;
+  }
+  std::optional<AnsiString> ChooseOutputFile() override { return std::nullopt; }
+  size_t OutputLength() const override { return output_.size(); }
+  AnsiString OutputText() const override { return output_; }
+  void SetOutputText(const AnsiString& text) override { output_ = text; }
+  void AppendOutput(std::string_view text) override { output_.append(text); }
+  void SetCaption(Control, const AnsiString&) override {}
+  void SetVisible(Control, bool) override {}
+  void SetBusy(bool) override {}
+  void ProcessEvents() override {}
+  void StartTimer() override {}
+  void StopTimer() override {}
+  std::u16string ClipboardText() override { return {}; }
+
+ private:
+  AnsiString output_;
+};
+
+const std::string& Corpus() {
+  static const std::string text = [] {
+    std::ifstream in(std::string(WORDTALLY_CORPUS_DIR) + "/kjvbible.txt", std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }();
+  return text;
+}
+
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  size_t start = 0;
+  while (start < text.size()) {
+    size_t end = text.find('\n', start);
+    if (end == std::string_view::npos) end = text.size();
+    std::string_view line = text.substr(start, end - start);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    lines.push_back(line);
+    start = end + 1;
+  }
+  return lines;
+}
+
+void BM_WalkBibleLines(benchmark::State& state) {
+  const std::string& text = Corpus();
+  if (text.empty()) {
+    state.SkipWithError("kjvbible.txt not found");
+    return;
+  }
+  const std::vector<std::string_view> lines = Lines(text);
+  constexpr int kRepeats = 100;
+  SilentHost host;
+  CountingSettings settings;
+  int64_t words = 0;
+  for (auto _ : state) {
+    EngineContext ctx(host, settings);
+    ctx.run.blnStartUpCompleted = true;
+    LineWalker walker(ctx);
+    for (int repeat = 0; repeat < kRepeats; ++repeat) {
+      for (std::string_view line : lines) {
+        ctx.run.strLine.assign(line);
+        ctx.run.strLine += ' ';
+        walker.WalkLine();
+      }
+    }
+    words += ctx.run.lngTotalNumOccurrences;
+    benchmark::DoNotOptimize(ctx.store.lngNumWords());
+  }
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * kRepeats *
+                          static_cast<int64_t>(text.size()));
+  state.counters["words/s"] = benchmark::Counter(static_cast<double>(words), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_WalkBibleLines)->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(3);
+
+}  // namespace
+}  // namespace wordtally
+
+BENCHMARK_MAIN();

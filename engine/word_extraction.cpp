@@ -1,0 +1,268 @@
+#include "engine/word_extraction.h"
+#include "support/ansi_text.h"
+
+#include <algorithm>
+
+#include "engine/counting_settings.h"
+#include "engine/engine_context.h"
+#include "engine/normalisation.h"
+#include "engine/word_counting.h"
+#include "engine/word_filters.h"
+#include "input/character_entities.h"
+#include "support/run_error.h"
+
+namespace wordtally {
+
+namespace {
+
+constexpr std::string_view kWordsOfNumeralLetters[] = {"DIM", "MID",   "VIM",   "CID",  "LID",
+                                                       "LIVID", "VIVID", "CIVIL", "DILL"};
+
+using CharSet = std::array<bool, 256>;
+
+// The letters in either case, so that no word has to be upper-cased to be tested.
+constexpr CharSet LettersInEitherCase(std::string_view capitals) {
+  CharSet set{};
+  for (char c : capitals) {
+    set[static_cast<unsigned char>(c)] = true;
+    set[static_cast<unsigned char>(c - 'A' + 'a')] = true;
+  }
+  return set;
+}
+constexpr CharSet kRomanNumeralLetters = LettersInEitherCase("IVXLCDM");
+constexpr CharSet kIvxLetters = LettersInEitherCase("IVX");
+
+std::string_view TrimBlanks(std::string_view text) {
+  if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return text;
+  const size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool ConsistsOf(std::string_view word, const CharSet& letters) {
+  return std::all_of(word.begin(), word.end(),
+                     [&letters](char c) { return letters[static_cast<unsigned char>(c)]; });
+}
+
+bool EqualsUpperCased(std::string_view word, std::string_view capitals) {
+  return word.size() == capitals.size() &&
+         std::equal(word.begin(), word.end(), capitals.begin(), [](char c, char capital) {
+           return UpperAnsiChar(static_cast<unsigned char>(c)) == static_cast<unsigned char>(capital);
+         });
+}
+
+bool IsAcceptedWord(std::string_view word) {
+  return word.size() >= 3 && word.size() <= static_cast<size_t>(intMaxPermittedWordLength) &&
+         !IsRepeatedChar(word) && !IsRomanNumeral(word, false);
+}
+
+// The user's marker pairs with a start marker, moved to the front so that their indices run
+// from 0 to count - 1.
+CommentMarkerPairs UserCommentMarkers(const CountingSettings& settings) {
+  CommentMarkerPairs markers;
+  if (settings.chkAllowCommentMarkers != 1) return markers;
+  for (size_t i = 0; i < settings.txbStartComment.size(); ++i) {
+    if (settings.txbStartComment[i].empty()) continue;
+    markers.start[markers.count] = settings.txbStartComment[i];
+    markers.end[markers.count] = settings.txbEndComment[i];
+    ++markers.count;
+  }
+  return markers;
+}
+
+AnsiString WithoutChars(std::string_view text, std::string_view removed) {
+  AnsiString kept;
+  for (char c : text) {
+    if (removed.find(c) == std::string_view::npos) kept += c;
+  }
+  return kept;
+}
+
+}  // namespace
+
+bool IsWordChar(char ch, bool allowDigits, std::string_view extraChars) {
+  const unsigned char b = static_cast<unsigned char>(ch);
+  if ((b >= 'A' && b <= 'Z') || (b >= 'a' && b <= 'z')) return true;
+  if (b >= '0' && b <= '9' && allowDigits) return true;
+  if (b >= 192 && b != 215 && b != 247) return true;
+  return extraChars.find(ch) != std::string_view::npos;
+}
+
+WordCharTable MakeWordCharTable(bool allowDigits, std::string_view extraChars) {
+  WordCharTable table{};
+  for (int b = 0; b < 256; ++b) table[b] = IsWordChar(static_cast<char>(b), allowDigits, extraChars);
+  return table;
+}
+
+int32_t CountWordChars(std::string_view text, int32_t start, const WordCharTable& wordChars) {
+  if (start < 1 || static_cast<size_t>(start) > text.size()) return 0;
+  const char* const first = text.data() + (start - 1);
+  const char* const limit = first + std::min<size_t>(text.size() - (start - 1), kMaxWordCharRun);
+  const char* end = first;
+  while (end != limit && wordChars[static_cast<unsigned char>(*end)]) ++end;
+  return static_cast<int32_t>(end - first);
+}
+
+WordCharRun ScanWordChars(std::string_view text, int32_t start, const WordCharTable& wordChars) {
+  WordCharRun run;
+  run.length = CountWordChars(text, start, wordChars);
+  const size_t after = static_cast<size_t>(start) - 1 + static_cast<size_t>(run.length);
+  if (run.length == 0 || after >= text.size()) return run;
+  const char next = text[after];
+  run.endsAtSemicolon = next == ';';
+  run.endsAtFullStop = next == '.';
+  run.endsAtDoubleQuote = next == '"';
+  run.endsAtTab = next == '\t';
+  run.endsAtApostrophe = next == '\'';
+  run.endsAtComma = next == ',';
+  return run;
+}
+
+WordCharRun ScanWordChars(std::string_view text, int32_t start, bool allowDigits,
+                          std::string_view extraChars) {
+  return ScanWordChars(text, start, MakeWordCharTable(allowDigits, extraChars));
+}
+
+bool IsRepeatedChar(std::string_view word) {
+  const std::string_view trimmed = TrimBlanks(word);
+  return !trimmed.empty() && trimmed.find_first_not_of(trimmed.front()) == std::string_view::npos;
+}
+
+bool IsRomanNumeral(std::string_view word, bool onlyIVX) {
+  const std::string_view w = TrimBlanks(word);
+  // Most words hold some other letter: that settles them before any list is looked at.
+  if (!ConsistsOf(w, onlyIVX ? kIvxLetters : kRomanNumeralLetters)) return false;
+  if (EqualsUpperCased(w, "I")) return false;
+  if (onlyIVX) return true;
+  return std::none_of(std::begin(kWordsOfNumeralLetters), std::end(kWordsOfNumeralLetters),
+                      [w](std::string_view exception) { return EqualsUpperCased(w, exception); });
+}
+
+namespace {
+
+// What CleanLine does with each character: kept, turned into a blank, or removed.
+enum class CleanAction : unsigned char { kKeep, kBlank, kRemove };
+using CleanActions = std::array<CleanAction, 256>;
+
+constexpr CleanActions MakeCleanActions(bool keepTabs) {
+  CleanActions actions{};
+  actions['\b'] = CleanAction::kRemove;
+  actions['\n'] = actions['\f'] = actions['\r'] = actions[0xA0] = CleanAction::kBlank;
+  if (!keepTabs) actions['\t'] = CleanAction::kBlank;
+  return actions;
+}
+constexpr CleanActions kCleanKeepingTabs = MakeCleanActions(true);
+constexpr CleanActions kCleanWithoutTabs = MakeCleanActions(false);
+
+}  // namespace
+
+void CleanLine(AnsiString& line, bool keepTabs) {
+  const CleanActions& actions = keepTabs ? kCleanKeepingTabs : kCleanWithoutTabs;
+  auto actionOf = [&actions](char c) { return actions[static_cast<unsigned char>(c)]; };
+  auto first = std::find_if(line.begin(), line.end(), [&](char c) { return actionOf(c) != CleanAction::kKeep; });
+  if (first == line.end()) return;
+  auto write = first;
+  for (auto read = first; read != line.end(); ++read) {
+    const CleanAction action = actionOf(*read);
+    if (action == CleanAction::kKeep) *write++ = *read;
+    if (action == CleanAction::kBlank) *write++ = ' ';
+  }
+  line.erase(write, line.end());
+}
+
+void RemoveHtmlComments(AnsiString& line) {
+  constexpr std::string_view kOpen = "<!--", kClose = "-->";
+  size_t open = line.find(kOpen);
+  while (open != AnsiString::npos) {
+    const size_t close = line.find(kClose, open + kOpen.size());
+    if (close == AnsiString::npos) return;
+    line.erase(open, close + kClose.size() - open);
+    open = line.find(kOpen, open);
+  }
+}
+
+LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
+  const AnsiString extraChars = SetAllowedExtraChars(ctx.settings);
+  wordChars_ = MakeWordCharTable(false, extraChars);
+  startChars_ = MakeWordCharTable(false, WithoutChars(extraChars, strProhibitedInitialOrFinalChars));
+  markers_ = ctx.run.blnReadingWords ? CommentSyntax("C") : UserCommentMarkers(ctx.settings);
+  for (int i = 0; i < markers_.count; ++i) {
+    commentStartChars_[static_cast<unsigned char>(markers_.start[i].front())] = true;
+  }
+  foldCase_ = ctx.settings.chkCaseSignificant == 0;
+  word_.reserve(2 * intMaxPermittedWordLength);
+}
+
+void LineWalker::WalkLine() {
+  RunState& run = ctx_.run;
+  AnsiString& line = run.strLine;
+  CleanLine(line, false);
+  run.blnCommentsPossible = markers_.count >= 1;
+  if (!run.blnReadingWords) {
+    RemoveHtmlComments(line);
+    if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+  }
+  const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
+  const int32_t length = static_cast<int32_t>(line.size());
+  run.lngLP = 1;
+  while (run.lngLP < length) {
+    ctx_.GiveEventLoopATurn();
+    unsigned char c = static_cast<unsigned char>(line[run.lngLP - 1]);
+    // The comment step is only entered where a comment goes on or a start marker may begin.
+    if (run.blnCommentsPossible && (run.comment.intWithinComment >= 0 || commentStartChars_[c])) {
+      if (!StepOverComments()) return;
+      c = static_cast<unsigned char>(line[run.lngLP - 1]);
+    }
+    if (startChars_[c]) {
+      TakeWord(options);
+      ctx_.GiveEventLoopATurn();
+      if (run.blnStop) return;
+      continue;
+    }
+    // Punctuation and blanks: on to the next character that is not a blank.
+    const size_t next = line.find_first_not_of(' ', static_cast<size_t>(run.lngLP));
+    if (next == AnsiString::npos) return;
+    run.lngLP = static_cast<int32_t>(next) + 1;
+  }
+}
+
+bool LineWalker::StepOverComments() {
+  RunState& run = ctx_.run;
+  const std::string_view line = run.strLine;
+  CommentState& state = run.comment;
+  auto detect = [&] {
+    return commentStartChars_[static_cast<unsigned char>(line[run.lngLP - 1])]
+               ? DetectComment(markers_, line, run.lngLP, state)
+               : int16_t{-1};
+  };
+  if (state.intWithinComment == -1) state.intWithinComment = detect();
+  while (state.intWithinComment >= 0) {
+    SkipComment(markers_, line, run.lngLP, state);
+    if (static_cast<size_t>(run.lngLP) > line.size()) return false;
+    if (line[run.lngLP - 1] == ' ') break;
+    state.intWithinComment = detect();
+    ctx_.GiveEventLoopATurn();
+  }
+  return true;
+}
+
+void LineWalker::TakeWord(const NormalizationOptions& options) {
+  RunState& run = ctx_.run;
+  const int32_t length = CountWordChars(run.strLine, run.lngLP, wordChars_);
+  word_.assign(run.strLine, static_cast<size_t>(run.lngLP) - 1, static_cast<size_t>(length));
+  run.lngLP += length;
+  if (foldCase_) LowerAnsiInPlace(word_);
+  NormalizeWord(word_, options);
+  if (IsAcceptedWord(word_)) CountAcceptedWord();
+}
+
+void LineWalker::CountAcceptedWord() {
+  if (ctx_.run.blnReadingWords) {
+    AddWordToList(ctx_, word_);
+    return;
+  }
+  Increment(ctx_.run.lngTotalNumOccurrences);
+  GetWords2(ctx_, word_);
+}
+
+}  // namespace wordtally

@@ -1,0 +1,83 @@
+#pragma once
+// Word extraction: which characters make words, the shape tests that reject non-words, and the
+// walk that cuts the words out of one line and hands them on to be counted.
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "input/comment_markers.h"
+#include "support/ansi_text.h"
+
+namespace wordtally {
+
+struct EngineContext;
+struct NormalizationOptions;
+
+// The longest run of word characters the scanner takes in one piece.
+inline constexpr int32_t kMaxWordCharRun = 65000;
+
+// A-Z, a-z and the Latin-1 letters (192-255 without × and ÷) are word characters; a digit only
+// with allowDigits; any other character only when it occurs in extraChars.
+bool IsWordChar(char ch, bool allowDigits, std::string_view extraChars);
+
+// IsWordChar answered for all 256 characters at once.
+using WordCharTable = std::array<bool, 256>;
+WordCharTable MakeWordCharTable(bool allowDigits, std::string_view extraChars);
+
+// A run of word characters and what the character after it is (all false at the end of the text).
+struct WordCharRun {
+  int32_t length = 0;
+  bool endsAtSemicolon = false;
+  bool endsAtFullStop = false;
+  bool endsAtDoubleQuote = false;
+  bool endsAtTab = false;
+  bool endsAtApostrophe = false;
+  bool endsAtComma = false;
+};
+// Counts the word characters of text from 1-based position start on, at most kMaxWordCharRun.
+int32_t CountWordChars(std::string_view text, int32_t start, const WordCharTable& wordChars);
+// The same count with the description of the character that ends the run.
+WordCharRun ScanWordChars(std::string_view text, int32_t start, const WordCharTable& wordChars);
+WordCharRun ScanWordChars(std::string_view text, int32_t start, bool allowDigits,
+                          std::string_view extraChars);
+
+// True when the word, without surrounding blanks, is one character repeated ("aaaa", "---").
+bool IsRepeatedChar(std::string_view word);
+// True for "II", "XIV", "MCM"...; never for "I" nor for the real words "DIM", "MID", "VIM",
+// "CID", "LID", "LIVID", "VIVID", "CIVIL" and "DILL". Letter case does not matter.
+bool IsRomanNumeral(std::string_view word, bool onlyIVX);
+
+// Backspaces removed; line feed, form feed, carriage return, no-break space (and tab unless
+// keepTabs) turned into blanks.
+void CleanLine(AnsiString& line, bool keepTabs);
+// Removes every "<!--" ... "-->" that begins and ends in the line.
+void RemoveHtmlComments(AnsiString& line);
+
+// Walks ctx.run.strLine (which ends in one blank) and hands every word found on: to the exclusion
+// step and the word store during a run, straight to the word store while common words are read.
+// Built once per run or load: the character tables and comment markers come from the settings
+// at construction (the "C" markers when ctx.run.blnReadingWords is already set).
+class LineWalker {
+ public:
+  explicit LineWalker(EngineContext& ctx);
+
+  // Returns at the end of the line, or at once when ctx.run.blnStop is set after a word.
+  void WalkLine();
+
+ private:
+  // Steps over comments at lngLP; false when the rest of the line is comment.
+  bool StepOverComments();
+  // Takes the word at lngLP and counts it when it is accepted.
+  void TakeWord(const NormalizationOptions& options);
+  void CountAcceptedWord();
+
+  EngineContext& ctx_;
+  WordCharTable wordChars_{};
+  WordCharTable startChars_{};
+  std::array<bool, 256> commentStartChars_{};
+  CommentMarkerPairs markers_;
+  bool foldCase_ = false;
+  AnsiString word_;
+};
+
+}  // namespace wordtally
