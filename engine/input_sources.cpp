@@ -56,6 +56,7 @@ bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
   if (!ctx.run.blnStop) return true;
   const int32_t numWords = ctx.store.lngNumWords();
   if (numWords < kStopWithoutAskingBelow) return false;
+  // The number keeps the blank that the number conversion puts before it.
   const AnsiString question = NumberText(numWords) +
                               " different words have been found.\r\nDo you really wish to stop?";
   if (Ask(ctx, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
@@ -235,6 +236,9 @@ bool DoItFromClipboard(EngineContext& ctx) {
     if (!IsPlainText(text, 3000, true)) {
       Tell(ctx, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
+      // The source goes back to the input file, as after an empty clipboard.
+      ctx.settings.optInFile = true;
+      ctx.host.SettingsChanged();
       return false;
     }
     ResetStoreForCounting(ctx);

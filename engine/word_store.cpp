@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "support/run_error.h"
 
@@ -50,8 +51,21 @@ size_t WordStore::IndexHash::operator()(int32_t i) const {
   return (*this)(std::string_view((*records)[i].Word));
 }
 
+// A fast hash for short words: eight bytes at a time, multiply and fold.
 size_t WordStore::IndexHash::operator()(std::string_view s) const {
-  return absl::Hash<std::string_view>()(s);
+  const char* p = s.data();
+  size_t n = s.size();
+  uint64_t h = 0x9E3779B97F4A7C15ull ^ n;
+  for (; n >= 8; p += 8, n -= 8) {
+    uint64_t chunk;
+    std::memcpy(&chunk, p, 8);
+    h = (h ^ chunk) * 0xBF58476D1CE4E5B9ull;
+    h ^= h >> 29;
+  }
+  uint64_t tail = 0;
+  std::memcpy(&tail, p, n);
+  h = (h ^ tail) * 0x94D049BB133111EBull;
+  return h ^ (h >> 32);
 }
 
 bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
