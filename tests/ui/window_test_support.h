@@ -1,0 +1,44 @@
+#pragma once
+// Helpers for the window tests: answers the message boxes of a window's host without opening
+// them, and reads and writes the small files a test works on.
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <map>
+#include <vector>
+
+#include "support/host.h"
+
+class QWidget;
+
+namespace wordtally::ui {
+class QtHost;
+}
+
+namespace wordtally::ui::testing {
+
+// Records every message box and answers it by its title, else with its default button. Input
+// boxes are recorded and keep their text (or are cancelled); the output-file chooser is cancelled.
+class AnswerBook {
+ public:
+  void Attach(QtHost& host);
+
+  std::map<AnsiString, Answer> answers;  // by title
+  std::vector<MessageBoxRequest> shown;
+  std::vector<std::pair<AnsiString, AnsiString>> inputBoxes;  // title, text
+  bool cancelInputBoxes = false;
+
+  bool Shown(std::string_view title) const;
+  const MessageBoxRequest* Find(std::string_view title) const;
+};
+
+void WriteBytes(const QString& path, const QByteArray& bytes);
+QByteArray ReadBytes(const QString& path);
+// The text of the child label (or button) with this object name; "" when there is none.
+QString CaptionOf(const QWidget& window, const char* objectName);
+// The lines of the window's output textbox.
+QStringList OutputLines(const QWidget& window);
+// True when every line of wanted occurs in lines, in that order (other lines may come between).
+bool ContainsInOrder(const QStringList& lines, const QStringList& wanted);
+
+}  // namespace wordtally::ui::testing

@@ -1,0 +1,79 @@
+#include "ui/help_text.h"
+
+namespace wordtally::ui {
+
+QString HelpHtml() {
+  return QStringLiteral(R"(
+<h2>Wordtally help</h2>
+<p>Wordtally counts how often each different word occurs in a text and lists the words with
+their frequencies. Only words of three or more letters are counted.</p>
+
+<h3>Counting the words of a text</h3>
+<ol>
+<li>Choose the source: <b>file</b> or <b>clipboard</b>.</li>
+<li>For a file, type its name into <i>Input file</i>, choose it with <i>Choose...</i> or drop it
+onto the window. Text files (ANSI or UTF-8; markup in HTML, XML and PHP files is skipped) and
+Word "docx" documents can be counted. When a file is chosen it is checked at once, and the
+<b>UTF-8</b> box is set when the file appears to be UTF-8 encoded.</li>
+<li>For the clipboard, copy the text in another program, or type or paste it into the left-hand
+text box and press <i>Copy to clipboard</i>. <i>Paste clipboard text</i> shows the clipboard's
+text in that box; the label below it tells how much text the clipboard holds.</li>
+<li>Optionally name an <i>Output file</i> (extension "txt" or "csv"). Tick <b>Disable</b> to
+count without writing the file.</li>
+<li>Choose the word order and the format, then press <b>Count words</b>.</li>
+</ol>
+<p>While the words are counted the button reads <b>Stop</b>: press it to stop the run. You are
+then asked whether to list the words found so far. The elapsed time, the number of different
+words found and a progress bar are shown while the run goes on. Ticking <b>Don't display words
+as found</b> makes a run faster, because new words are then not echoed into the output box.</p>
+
+<h3>Settings</h3>
+<p>Open <i>Options &gt; Settings...</i> to decide what counts as a word:</p>
+<ul>
+<li><b>Upper/lower case significant</b>: when not ticked, words that differ only in case count
+as one word.</li>
+<li><b>Allow 'words' with</b> <b>hyphens</b>, <b>apostrophes</b> or <b>numerals</b>: these
+characters may then occur inside a word.</li>
+<li><b>Convert plural words in English to singular form</b>.</li>
+<li><b>Allow only 7-bit ASCII characters</b>: words with accented or other non-ASCII letters are
+left out.</li>
+<li><b>Ignore words with no vowel or 'y'</b>.</li>
+<li><b>Ignore words with fewer than</b> <i>n</i> <b>occurrences</b> (2 to 9).</li>
+<li><b>Ignore common words in file</b>: choose the language (English, German, Spanish,
+Portuguese, Italian, French or all six) with <i>Language...</i>, or any other file of words
+with <i>Other file...</i>. Words in such a file are separated by blanks or line breaks; text
+between /* and */ and from // to the end of a line is skipped.</li>
+<li><b>Ignore these words</b>: words separated by spaces. The list is tidied (lower case,
+sorted) when you leave the box; a character that cannot occur in a word is reported.</li>
+<li><b>Allow start- and end-comment markers</b>: text between the start and end markers of the
+1st or 2nd pair is not counted. An empty end marker means the comment runs to the end of the
+line.</li>
+<li><b>Include commas in output file</b>, <b>Warn before overwriting output file</b> and
+<b>Save settings on quit</b>.</li>
+</ul>
+<p><i>Save settings...</i> and <i>Load settings...</i> keep named settings files ("*.qzl"),
+which the command line reads too (<code>--settings</code>). <i>Reinitialize</i> restores the
+default settings.</p>
+
+<h3>Listing formats</h3>
+<p>The word order is <b>by frequency</b> (most frequent first, with ranks) or
+<b>alphabetical</b>. The format chooses the columns of each line: rank frequency word,
+rank word frequency, rank frequency, rank word, frequency rank, frequency word, word rank,
+word frequency, word, and word (+ commas), which lists the words one after another separated by
+commas. The first line names the columns and, where the word is the last column, tells the
+length of the longest word. Below the list the statistics tell how many words are in the list,
+how many were ignored and excluded, and how many instances of words were found.</p>
+
+<h3>The output file</h3>
+<p>When an output file is named and not disabled, the listing is also written to it, in the
+Windows (ANSI) character set with Windows line ends. An existing file is replaced (you can ask to
+be warned first). A large input file asks whether you wish to name an output file, because the
+output box holds at most 65000 characters.</p>
+<p><b>Opening the output file in a spreadsheet:</b> the file begins with a note saying how to
+open it. State that the file is delimited by spaces (or by commas when <i>Include commas in
+output file</i> is ticked), set the file origin to Windows (ANSI) and the text qualifier to the
+double quote.</p>
+)");
+}
+
+}  // namespace wordtally::ui

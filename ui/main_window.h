@@ -1,0 +1,119 @@
+#pragma once
+// The main window: source and file choice, order and format, the count/Stop button, the pasted
+// text, the output textbox and the run's labels. It owns the one settings record and the engine
+// context, and forwards every command to the engine.
+#include <QMainWindow>
+#include <QString>
+#include <functional>
+
+#include "engine/counting_settings.h"
+#include "engine/engine_context.h"
+#include "ui/qt_host.h"
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace wordtally::ui {
+
+class HelpWindow;
+class LanguageWindow;
+class SettingsWindow;
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // stateFile: where the settings are restored from at start-up and saved on quit.
+  explicit MainWindow(QString stateFile, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  // Restores the saved state and vets a restored input file. The common words in use are loaded
+  // by the first run that ignores them.
+  void Start();
+
+  QtHost& host() { return *host_; }
+  CountingSettings& settings() { return settings_; }
+  EngineContext& context() { return *ctx_; }
+  SettingsWindow& settingsWindow() { return *settingsWindow_; }
+  LanguageWindow& languageWindow() { return *languageWindow_; }
+  bool RunInProgress() const { return running_; }
+
+  // The controls show the record again (after the engine or a loaded file changed it).
+  void RefreshFromSettings();
+  // Runs a long engine command with everything that could start a second one disabled.
+  void RunEngineCommand(const std::function<void()>& command);
+  void SaveStateFile();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  QWidget* BuildSourceBox();
+  QWidget* BuildListingBox();
+  QWidget* BuildTextPanes();
+  QWidget* BuildProgressBox();
+  QWidget* BuildStatisticsBox();
+  void BuildMenus();
+  void ResizeToFitScreen();
+  void CreateHost();
+  void ConnectControls();
+  void FillLists();
+
+  void OnCountClicked();
+  void OnChooseInputFile();
+  void OnInputFileTyped();
+  void OnChooseOutputFile();
+  void OnSuppressWordsToggled(bool checked);
+  void OnInputFileChosen(const QString& path);
+  void VetInputFile(const AnsiString& name);
+  void LoadCommonWordsFile(const AnsiString& path);
+  void ReinitializeProgram();
+  void UpdateEnabledState();
+  Answer AnswerWhileClosing(const MessageBoxRequest& request) const;
+  void WriteFileBoxesToSettings();
+
+  QString stateFile_;
+  CountingSettings settings_;
+  QtHost* host_ = nullptr;
+  std::unique_ptr<EngineContext> ctx_;
+  bool running_ = false;
+  bool engineBusy_ = false;
+  bool closeRequested_ = false;
+
+  QRadioButton* optInFile_ = nullptr;
+  QRadioButton* optOnClipboard_ = nullptr;
+  QCheckBox* chkUTF8_ = nullptr;
+  QLineEdit* txbInputFile_ = nullptr;
+  QLineEdit* txbOutputFile_ = nullptr;
+  QPushButton* cmdInputFile_ = nullptr;
+  QPushButton* cmdOutputFile_ = nullptr;
+  QCheckBox* chkDisableOutputToFile_ = nullptr;
+  QLabel* lblFileSize_ = nullptr;
+  QComboBox* cboWordOrder_ = nullptr;
+  QComboBox* cboDisplayFormat_ = nullptr;
+  QCheckBox* chkSuppressWords_ = nullptr;
+  QPushButton* cmdCount_ = nullptr;
+  QPlainTextEdit* txbPasted_ = nullptr;
+  QPushButton* cmdPaste_ = nullptr;
+  QPushButton* cmdCopyToClipboard_ = nullptr;
+  QLabel* lblSizeOfClipboardContents_ = nullptr;
+  QPlainTextEdit* txbOutput_ = nullptr;
+  QLabel* lblStatus_ = nullptr;
+  std::map<Control, QLabel*> labels_;
+  QList<QWidget*> runSensitiveWidgets_;
+  QList<QAction*> runSensitiveActions_;
+
+  SettingsWindow* settingsWindow_ = nullptr;
+  LanguageWindow* languageWindow_ = nullptr;
+  HelpWindow* helpWindow_ = nullptr;
+};
+
+}  // namespace wordtally::ui
