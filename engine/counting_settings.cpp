@@ -80,12 +80,6 @@ AnsiString LowerCaseLatin1(std::string_view text) { return LowerAnsi(text); }
 
 namespace {
 
-std::string_view TrimBlanks(std::string_view text) {
-  const size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // Lower case, commas to blanks, single blanks, the words sorted in code-unit order.
 AnsiString TidyWordsToIgnore(std::string_view text) {
   AnsiString lowered = LowerCaseLatin1(TrimBlanks(text));

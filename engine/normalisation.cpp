@@ -1,5 +1,4 @@
 #include "engine/normalisation.h"
-#include "support/ansi_text.h"
 
 #include <algorithm>
 #include <array>
@@ -7,6 +6,7 @@
 #include "engine/counting_settings.h"
 #include "engine/run_state.h"
 #include "input/character_entities.h"
+#include "support/ansi_text.h"
 
 namespace wordtally {
 
@@ -47,14 +47,9 @@ constexpr CharTable kPrecedesStemBlank = [] {
 
 bool IsCapital(char c) { return kIsCapital[static_cast<unsigned char>(c)]; }
 
-void TrimBlanks(AnsiString& word) {
-  const size_t first = word.find_first_not_of(' ');
-  if (first == AnsiString::npos) {
-    word.clear();
-    return;
-  }
-  word.resize(word.find_last_not_of(' ') + 1);
-  word.erase(0, first);
+void TrimBlanksInPlace(AnsiString& word) {
+  const std::string_view trimmed = TrimBlanks(std::string_view(word));
+  if (trimmed.size() != word.size()) word = AnsiString(trimmed);
 }
 
 // Rule for "mice" and "lice"; true when it applied.
@@ -136,7 +131,7 @@ bool IsAllUpperCase(std::string_view text) {
 }
 
 void EnglishPluralToSingular(AnsiString& word, bool caseSensitive) {
-  TrimBlanks(word);
+  TrimBlanksInPlace(word);
   if (word.size() <= 2) return;
   if (EqualIgnoringCase(word, "rights") || EqualIgnoringCase(word, "species")) return;
   if (MiceToMouse(word, caseSensitive)) return;

@@ -1,5 +1,4 @@
 #include "engine/word_extraction.h"
-#include "support/ansi_text.h"
 
 #include <algorithm>
 
@@ -9,6 +8,7 @@
 #include "engine/word_counting.h"
 #include "engine/word_filters.h"
 #include "input/character_entities.h"
+#include "support/ansi_text.h"
 #include "support/run_error.h"
 
 namespace wordtally {
@@ -31,13 +31,6 @@ constexpr CharSet LettersInEitherCase(std::string_view capitals) {
 }
 constexpr CharSet kRomanNumeralLetters = LettersInEitherCase("IVXLCDM");
 constexpr CharSet kIvxLetters = LettersInEitherCase("IVX");
-
-std::string_view TrimBlanks(std::string_view text) {
-  if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return text;
-  const size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 bool ConsistsOf(std::string_view word, const CharSet& letters) {
   return std::all_of(word.begin(), word.end(),
@@ -249,9 +242,16 @@ bool LineWalker::StepOverComments() {
 void LineWalker::TakeWord(const NormalizationOptions& options) {
   RunState& run = ctx_.run;
   const int32_t length = CountWordChars(run.strLine, run.lngLP, wordChars_);
-  word_.assign(run.strLine, static_cast<size_t>(run.lngLP) - 1, static_cast<size_t>(length));
+  // Copied (and folded) in one pass into the reused buffer.
+  const char* start = run.strLine.data() + run.lngLP - 1;
+  word_.resize(static_cast<size_t>(length));
+  if (foldCase_) {
+    std::transform(start, start + length, word_.begin(),
+                   [](char c) { return static_cast<char>(LowerAnsiChar(static_cast<unsigned char>(c))); });
+  } else {
+    std::copy(start, start + length, word_.begin());
+  }
   run.lngLP += length;
-  if (foldCase_) LowerAnsiInPlace(word_);
   NormalizeWord(word_, options);
   if (IsAcceptedWord(word_)) CountAcceptedWord();
 }

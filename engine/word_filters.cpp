@@ -1,5 +1,4 @@
 #include "engine/word_filters.h"
-#include "support/ansi_text.h"
 
 #include <algorithm>
 #include <array>
@@ -14,6 +13,7 @@
 #include "input/decoding.h"
 #include "input/file_vetting.h"
 #include "input/line_reader.h"
+#include "support/ansi_text.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
 #include "support/run_error.h"

@@ -69,7 +69,8 @@ size_t WordStore::IndexHash::operator()(std::string_view s) const {
 }
 
 bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
-  return (*records)[a].Word == b;
+  const AnsiString& word = (*records)[a].Word;
+  return word.size() == b.size() && std::memcmp(word.data(), b.data(), b.size()) == 0;
 }
 
 WordStore::WordStore() : index_(0, IndexHash{&records_}, IndexEq{&records_}) { Reset(); }

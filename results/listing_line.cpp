@@ -61,12 +61,6 @@ void AppendRightAligned(int32_t number, int16_t width, AnsiString& text) {
   AppendRightAligned(std::string_view(digits, static_cast<size_t>(end - digits)), width, text);
 }
 
-std::string_view TrimBlanks(std::string_view text) {
-  const size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 void TrimTrailingBlanks(AnsiString& text) {
   const size_t last = text.find_last_not_of(' ');
   text.erase(last == AnsiString::npos ? 0 : last + 1);

@@ -27,6 +27,14 @@ AnsiString LowerAnsi(std::string_view text);
 AnsiString UpperAnsi(std::string_view text);
 void LowerAnsiInPlace(AnsiString& text);
 void LowerAnsiInPlace(char* text, size_t count);
+// The text without the blanks at either end.
+inline std::string_view TrimBlanks(std::string_view text) {
+  if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return text;
+  const size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 // True when a and b are equal once both are lower-cased.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 

@@ -101,7 +101,9 @@ TEST(IsPlainText, LooksAtTheLowByteOfTheFirstCharacters) {
   EXPECT_TRUE(IsPlainText(u"plain words", 3000, false));
   for (char16_t bad : {u'\0', u'\x1B', u'\x01', u'\x1F', u'\u0101', u'\u2019'}) {
     SCOPED_TRACE(static_cast<int>(bad));
-    EXPECT_FALSE(IsPlainText(std::u16string(u"word") + bad, 3000, true));
+    std::u16string text = u"word";
+    text.push_back(bad);
+    EXPECT_FALSE(IsPlainText(text, 3000, true));
   }
   EXPECT_TRUE(IsPlainText(u"\u0141\u00E9\u20AC", 3000, true));  // low bytes 41, E9, AC
 
