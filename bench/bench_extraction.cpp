@@ -9,36 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/quiet_host.h"
 #include "engine/engine_context.h"
 #include "engine/word_extraction.h"
-#include "support/host.h"
 
 namespace wordtally {
 namespace {
 
-// A main window that is never looked at: the engine's calls cost what a virtual call costs.
-class SilentHost : public Host {
- public:
-  Answer ShowMessage(const MessageBoxRequest& request) override { return request.defaultButton; }
-  std::optional<AnsiString> InputBox(const AnsiString&, const AnsiString&, const AnsiString& text) override {
-    return text;
-  }
-  std::optional<AnsiString> ChooseOutputFile() override { return std::nullopt; }
-  size_t OutputLength() const override { return output_.size(); }
-  AnsiString OutputText() const override { return output_; }
-  void SetOutputText(const AnsiString& text) override { output_ = text; }
-  void AppendOutput(std::string_view text) override { output_.append(text); }
-  void SetCaption(Control, const AnsiString&) override {}
-  void SetVisible(Control, bool) override {}
-  void SetBusy(bool) override {}
-  void ProcessEvents() override {}
-  void StartTimer() override {}
-  void StopTimer() override {}
-  std::u16string ClipboardText() override { return {}; }
-
- private:
-  AnsiString output_;
-};
 
 const std::string& Corpus() {
   static const std::string text = [] {
@@ -70,7 +47,7 @@ void BM_WalkBibleLines(benchmark::State& state) {
   }
   const std::vector<std::string_view> lines = Lines(text);
   constexpr int kRepeats = 100;
-  SilentHost host;
+  bench::QuietHost host;
   CountingSettings settings;
   int64_t words = 0;
   for (auto _ : state) {

@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/quiet_host.h"
 #include "engine/word_store.h"
 #include "results/listing.h"
 #include "results/listing_line.h"
@@ -18,30 +19,6 @@ namespace {
 
 constexpr int32_t kNumWords = 2'000'000;
 
-// A host that keeps the textbox's text and answers nothing.
-class QuietHost : public Host {
- public:
-  Answer ShowMessage(const MessageBoxRequest& request) override { return request.defaultButton; }
-  std::optional<AnsiString> InputBox(const AnsiString&, const AnsiString&,
-                                     const AnsiString& text) override {
-    return text;
-  }
-  std::optional<AnsiString> ChooseOutputFile() override { return std::nullopt; }
-  size_t OutputLength() const override { return output_.size(); }
-  AnsiString OutputText() const override { return output_; }
-  void SetOutputText(const AnsiString& text) override { output_ = text; }
-  void AppendOutput(std::string_view text) override { output_.append(text); }
-  void SetCaption(Control, const AnsiString&) override {}
-  void SetVisible(Control, bool) override {}
-  void SetBusy(bool) override {}
-  void ProcessEvents() override {}
-  void StartTimer() override {}
-  void StopTimer() override {}
-  std::u16string ClipboardText() override { return {}; }
-
- private:
-  AnsiString output_;
-};
 
 // Distinct words of 4 to 9 letters, some capitalised or accented, in binary order as the store
 // holds them, with a long-tailed frequency distribution (most words rare, a few very common).
@@ -97,7 +74,7 @@ void BM_SortTwoMillionWords(benchmark::State& state) {
 void BM_RankTwoMillionWords(benchmark::State& state) {
   std::vector<WordListEntry> list = CountedStore();
   QuickSortWords(list, 1, kNumWords, 1);
-  QuietHost host;
+  bench::QuietHost host;
   for (auto _ : state) benchmark::DoNotOptimize(Rank(list, host).lngFirstFreq);
 }
 
@@ -105,7 +82,7 @@ void BM_RankTwoMillionWords(benchmark::State& state) {
 void BM_ListTwoMillionWordsToFile(benchmark::State& state) {
   std::vector<WordListEntry> list = CountedStore();
   QuickSortWords(list, 1, kNumWords, 1);
-  QuietHost host;
+  bench::QuietHost host;
   const ListStatistics stats = Rank(list, host);
   TemporaryFolder folder;
   ListingOptions options;

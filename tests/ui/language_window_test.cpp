@@ -23,7 +23,7 @@ using namespace wordtally;
 using namespace wordtally::ui;
 using namespace wordtally::ui::testing;
 
-class LanguageWindowTest : public QObject {
+class LanguageWindowTest : public MainWindowFixture {
   Q_OBJECT
 
  private slots:
@@ -35,24 +35,13 @@ class LanguageWindowTest : public QObject {
   void loadedCommonWordsAreLeftOutOfARun();
 
  private:
-  std::unique_ptr<QTemporaryDir> dir_;
-  std::unique_ptr<MainWindow> window_;
-  AnswerBook book_;
 };
 
 void LanguageWindowTest::init() {
-  dir_ = std::make_unique<QTemporaryDir>();
-  window_ = std::make_unique<MainWindow>(dir_->filePath("qzl.usr"));
-  book_ = AnswerBook();
-  book_.Attach(window_->host());
-  window_->show();
-  window_->Start();
+  OpenWindow();
 }
 
-void LanguageWindowTest::cleanup() {
-  window_.reset();
-  dir_.reset();
-}
+void LanguageWindowTest::cleanup() { CloseWindow(); }
 
 void LanguageWindowTest::offersTheSevenLanguages() {
   window_->languageWindow().show();

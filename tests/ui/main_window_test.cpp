@@ -32,7 +32,7 @@ QByteArray LongText() { return QByteArray("alpha beta gamma delta\r\n").repeated
 
 }  // namespace
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public MainWindowFixture {
   Q_OBJECT
 
  private slots:
@@ -60,24 +60,13 @@ class MainWindowTest : public QObject {
   // Calls action once, as soon as the run has counted its first words.
   void OnceCounting(std::function<void()> action);
 
-  std::unique_ptr<QTemporaryDir> dir_;
-  std::unique_ptr<MainWindow> window_;
-  AnswerBook book_;
 };
 
 void MainWindowTest::init() {
-  dir_ = std::make_unique<QTemporaryDir>();
-  window_ = std::make_unique<MainWindow>(dir_->filePath("qzl.usr"));
-  book_ = AnswerBook();
-  book_.Attach(window_->host());
-  window_->show();
-  window_->Start();
+  OpenWindow();
 }
 
-void MainWindowTest::cleanup() {
-  window_.reset();
-  dir_.reset();
-}
+void MainWindowTest::cleanup() { CloseWindow(); }
 
 void MainWindowTest::TypeInto(const char* lineEdit, const QString& text) {
   auto* edit = Child<QLineEdit>(lineEdit);

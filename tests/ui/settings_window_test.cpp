@@ -17,7 +17,7 @@ using namespace wordtally;
 using namespace wordtally::ui;
 using namespace wordtally::ui::testing;
 
-class SettingsWindowTest : public QObject {
+class SettingsWindowTest : public MainWindowFixture {
   Q_OBJECT
 
  private slots:
@@ -39,25 +39,14 @@ class SettingsWindowTest : public QObject {
   }
   void TypeWordsToIgnore(const QString& text);
 
-  std::unique_ptr<QTemporaryDir> dir_;
-  std::unique_ptr<MainWindow> window_;
-  AnswerBook book_;
 };
 
 void SettingsWindowTest::init() {
-  dir_ = std::make_unique<QTemporaryDir>();
-  window_ = std::make_unique<MainWindow>(dir_->filePath("qzl.usr"));
-  book_ = AnswerBook();
-  book_.Attach(window_->host());
-  window_->show();
-  window_->Start();
+  OpenWindow();
   window_->settingsWindow().show();
 }
 
-void SettingsWindowTest::cleanup() {
-  window_.reset();
-  dir_.reset();
-}
+void SettingsWindowTest::cleanup() { CloseWindow(); }
 
 void SettingsWindowTest::TypeWordsToIgnore(const QString& text) {
   auto* box = Child<QLineEdit>("txbWordsToIgnore");

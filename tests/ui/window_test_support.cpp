@@ -4,7 +4,9 @@
 #include <QFile>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTemporaryDir>
 
+#include "ui/main_window.h"
 #include "ui/qt_host.h"
 
 namespace wordtally::ui::testing {
@@ -60,6 +62,23 @@ bool ContainsInOrder(const QStringList& lines, const QStringList& wanted) {
     ++from;
   }
   return true;
+}
+
+MainWindowFixture::MainWindowFixture() = default;
+MainWindowFixture::~MainWindowFixture() = default;
+
+void MainWindowFixture::OpenWindow() {
+  dir_ = std::make_unique<QTemporaryDir>();
+  window_ = std::make_unique<MainWindow>(dir_->filePath("qzl.usr"));
+  book_ = AnswerBook();
+  book_.Attach(window_->host());
+  window_->show();
+  window_->Start();
+}
+
+void MainWindowFixture::CloseWindow() {
+  window_.reset();
+  dir_.reset();
 }
 
 }  // namespace wordtally::ui::testing

@@ -2,16 +2,20 @@
 // Helpers for the window tests: answers the message boxes of a window's host without opening
 // them, and reads and writes the small files a test works on.
 #include <QByteArray>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "support/host.h"
 
+class QTemporaryDir;
 class QWidget;
 
 namespace wordtally::ui {
+class MainWindow;
 class QtHost;
 }
 
@@ -30,6 +34,20 @@ class AnswerBook {
 
   bool Shown(std::string_view title) const;
   const MessageBoxRequest* Find(std::string_view title) const;
+};
+
+// The base of the window tests: a started main window whose state file lives in a fresh
+// temporary folder and whose message boxes the answer book answers.
+class MainWindowFixture : public QObject {
+ protected:
+  MainWindowFixture();
+  ~MainWindowFixture() override;
+  void OpenWindow();
+  void CloseWindow();
+
+  std::unique_ptr<QTemporaryDir> dir_;
+  std::unique_ptr<MainWindow> window_;
+  AnswerBook book_;
 };
 
 void WriteBytes(const QString& path, const QByteArray& bytes);
