@@ -92,8 +92,8 @@ void CutEntityTail(AnsiString& word) {
 }
 
 bool IsApostropheFragment(std::string_view word) {
-  return EqualIgnoringCase(word, "s") || EqualIgnoringCase(word, "t") ||
-         IsContractionStem(word);
+  if (word.size() == 1) return EqualIgnoringCase(word, "s") || EqualIgnoringCase(word, "t");
+  return IsContractionStem(word);
 }
 
 }  // namespace

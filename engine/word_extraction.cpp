@@ -1,6 +1,7 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
@@ -147,12 +148,29 @@ constexpr CleanActions MakeCleanActions(bool keepTabs) {
 constexpr CleanActions kCleanKeepingTabs = MakeCleanActions(true);
 constexpr CleanActions kCleanWithoutTabs = MakeCleanActions(false);
 
+// Skips, eight bytes at a time, the leading part of text that holds no byte CleanLine changes
+// (every such byte is below 14 or is the no-break space 0xA0). Returns where to look closer.
+size_t SkipCleanPrefix(std::string_view text) {
+  constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull;
+  size_t i = 0;
+  for (; i + 8 <= text.size(); i += 8) {
+    uint64_t x;
+    std::memcpy(&x, text.data() + i, 8);
+    const uint64_t below14 = (x - kOnes * 14) & ~x & kHighs;
+    const uint64_t y = x ^ (kOnes * 0xA0);
+    const uint64_t isA0 = (y - kOnes) & ~y & kHighs;
+    if (below14 | isA0) break;
+  }
+  return i;
+}
+
 }  // namespace
 
 void CleanLine(AnsiString& line, bool keepTabs) {
   const CleanActions& actions = keepTabs ? kCleanKeepingTabs : kCleanWithoutTabs;
   auto actionOf = [&actions](char c) { return actions[static_cast<unsigned char>(c)]; };
-  auto first = std::find_if(line.begin(), line.end(), [&](char c) { return actionOf(c) != CleanAction::kKeep; });
+  auto first = std::find_if(line.begin() + SkipCleanPrefix(line), line.end(),
+                            [&](char c) { return actionOf(c) != CleanAction::kKeep; });
   if (first == line.end()) return;
   auto write = first;
   for (auto read = first; read != line.end(); ++read) {
@@ -246,8 +264,9 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
   const char* start = run.strLine.data() + run.lngLP - 1;
   word_.resize(static_cast<size_t>(length));
   if (foldCase_) {
-    std::transform(start, start + length, word_.begin(),
-                   [](char c) { return static_cast<char>(LowerAnsiChar(static_cast<unsigned char>(c))); });
+    std::transform(start, start + length, word_.begin(), [](char c) {
+      return static_cast<char>(LowerAnsiChar(static_cast<unsigned char>(c)));
+    });
   } else {
     std::copy(start, start + length, word_.begin());
   }

@@ -51,26 +51,55 @@ size_t WordStore::IndexHash::operator()(int32_t i) const {
   return (*this)(std::string_view((*records)[i].Word));
 }
 
+namespace {
+
+uint64_t Load64(const char* p) {
+  uint64_t v;
+  std::memcpy(&v, p, 8);
+  return v;
+}
+
+uint32_t Load32(const char* p) {
+  uint32_t v;
+  std::memcpy(&v, p, 4);
+  return v;
+}
+
+// The last n < 8 bytes as one number, through overlapping fixed-size loads: given n, distinct
+// bytes give distinct numbers.
+uint64_t TailBytes(const char* p, size_t n) {
+  if (n >= 4) return (uint64_t{Load32(p)} << 32) | Load32(p + n - 4);
+  if (n == 0) return 0;
+  const auto byte = [p](size_t i) { return uint64_t{static_cast<unsigned char>(p[i])}; };
+  return (byte(0) << 16) | (byte(n / 2) << 8) | byte(n - 1);
+}
+
+}  // namespace
+
 // A fast hash for short words: eight bytes at a time, multiply and fold.
 size_t WordStore::IndexHash::operator()(std::string_view s) const {
   const char* p = s.data();
   size_t n = s.size();
   uint64_t h = 0x9E3779B97F4A7C15ull ^ n;
   for (; n >= 8; p += 8, n -= 8) {
-    uint64_t chunk;
-    std::memcpy(&chunk, p, 8);
-    h = (h ^ chunk) * 0xBF58476D1CE4E5B9ull;
+    h = (h ^ Load64(p)) * 0xBF58476D1CE4E5B9ull;
     h ^= h >> 29;
   }
-  uint64_t tail = 0;
-  std::memcpy(&tail, p, n);
-  h = (h ^ tail) * 0x94D049BB133111EBull;
+  h = (h ^ TailBytes(p, n)) * 0x94D049BB133111EBull;
   return h ^ (h >> 32);
 }
 
 bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
   const AnsiString& word = (*records)[a].Word;
-  return word.size() == b.size() && std::memcmp(word.data(), b.data(), b.size()) == 0;
+  if (word.size() != b.size()) return false;
+  // Short words, the common case, are compared through the same fixed-size loads as the hash.
+  size_t n = b.size();
+  const char* x = word.data();
+  const char* y = b.data();
+  for (; n >= 8; x += 8, y += 8, n -= 8) {
+    if (Load64(x) != Load64(y)) return false;
+  }
+  return TailBytes(x, n) == TailBytes(y, n);
 }
 
 WordStore::WordStore() : index_(0, IndexHash{&records_}, IndexEq{&records_}) { Reset(); }

@@ -1,5 +1,6 @@
 #include "input/file_vetting.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -8,7 +9,6 @@
 #include <system_error>
 
 #include "input/byte_file.h"
-#include "input/line_reader.h"
 #include "input/text_search.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
@@ -29,18 +29,26 @@ int16_t ProbeCodeOfOsError(int osError) {
 }
 
 // A charset declaration or the UTF-8 lead of the general punctuation block anywhere in the file.
+// Neither holds a line break, so the file is searched in large blocks rather than line by line;
+// each block starts with the last bytes of the one before, so that no hint is cut in two.
 // A read failure counts as no hint.
 bool HasUtf8Hint(const std::string& fileName) {
-  LineReader reader;
-  if (!reader.Open(fileName)) return false;
-  std::string_view line;
-  while (reader.NextLine(line)) {
-    if (DeclaresUtf8Charset(line) ||
-        FindBytePair(line, '\xE2', '\x80') != std::string_view::npos) {
+  constexpr std::size_t kBlock = 1 << 20;
+  constexpr std::size_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
+  ByteFile file;
+  if (file.Open(fileName) != 0) return false;
+  std::string window(kOverlap + kBlock, '\0');
+  std::size_t kept = 0;
+  for (;;) {
+    const std::ptrdiff_t got = file.Read(window.data() + kept, kBlock);
+    if (got <= 0) return false;
+    const std::string_view text(window.data(), kept + static_cast<std::size_t>(got));
+    if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
       return true;
     }
+    kept = std::min(kOverlap, text.size());
+    std::memmove(window.data(), text.data() + text.size() - kept, kept);
   }
-  return false;
 }
 
 int16_t ProbeByteOrderMark(const unsigned char* b) {

@@ -21,31 +21,7 @@ constexpr std::array<char16_t, 256> MakeUnicodeTable() {
 }
 constexpr std::array<char16_t, 256> kUnicode = MakeUnicodeTable();
 
-struct CaseTables {
-  std::array<unsigned char, 256> lower{};
-  std::array<unsigned char, 256> upper{};
-};
-
-constexpr CaseTables MakeCaseTables() {
-  CaseTables t;
-  for (int b = 0; b < 256; ++b) {
-    t.lower[b] = t.upper[b] = static_cast<unsigned char>(b);
-  }
-  auto pair = [&t](int capital, int small) {
-    t.lower[capital] = static_cast<unsigned char>(small);
-    t.upper[small] = static_cast<unsigned char>(capital);
-  };
-  for (int b = 'A'; b <= 'Z'; ++b) pair(b, b + 32);
-  pair(0x8A, 0x9A);  // Š š
-  pair(0x8C, 0x9C);  // Œ œ
-  pair(0x8E, 0x9E);  // Ž ž
-  pair(0x9F, 0xFF);  // Ÿ ÿ
-  for (int b = 0xC0; b <= 0xDE; ++b) {
-    if (b != 0xD7) pair(b, b + 32);  // À-Þ, but not the multiplication sign
-  }
-  return t;
-}
-constexpr CaseTables kCase = MakeCaseTables();
+constexpr const detail::CaseTables& kCase = detail::kAnsiCase;
 
 // The code-page byte of a Unicode code point, or '?' when there is none.
 char CodePointToAnsi(char32_t cp) {
@@ -121,9 +97,6 @@ AnsiString Utf8ToAnsiText(std::string_view text) {
   for (size_t i = 0; i < text.size();) out += CodePointToAnsi(NextCodePoint(text, i));
   return out;
 }
-
-unsigned char LowerAnsiChar(unsigned char c) { return kCase.lower[c]; }
-unsigned char UpperAnsiChar(unsigned char c) { return kCase.upper[c]; }
 
 void LowerAnsiInPlace(char* text, size_t count) {
   for (size_t i = 0; i < count; ++i) {
