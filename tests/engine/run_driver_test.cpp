@@ -307,6 +307,7 @@ TEST_F(RunDriverTest, LargeInputFileQuestion) {
   // With an output file named, a large input is not asked about.
   host.messages.clear();
   host.onMessage = nullptr;
+  host.onProcessEvents = nullptr;  // its flag lived in the loop
   settings.txbFile[1] = output;
   CountFile(input);
   EXPECT_TRUE(host.messages.empty());

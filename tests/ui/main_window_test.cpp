@@ -200,7 +200,7 @@ void MainWindowTest::typedFileIsVettedAdvisorily() {
   QVERIFY(CaptionOf(*window_, "lblFileSize").startsWith("Filesize: "));
 
   const QString binary = dir_->filePath("binary.dat");
-  WriteBytes(binary, QByteArray("ab\x01\x02\x03 some text", 17));
+  WriteBytes(binary, QByteArray("ab\x01\x02\x03 some text"));
   TypeInto("txbFile0", binary);
   const MessageBoxRequest* refused = book_.Find("Not a text file");
   QVERIFY(refused);
