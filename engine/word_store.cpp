@@ -47,10 +47,6 @@ AnsiString MakeSortKey(std::string_view word) {
   return key;
 }
 
-size_t WordStore::IndexHash::operator()(int32_t i) const {
-  return (*this)(std::string_view((*records)[i].Word));
-}
-
 namespace {
 
 uint64_t Load64(const char* p) {
@@ -77,7 +73,7 @@ uint64_t TailBytes(const char* p, size_t n) {
 }  // namespace
 
 // A fast hash for short words: eight bytes at a time, multiply and fold.
-size_t WordStore::IndexHash::operator()(std::string_view s) const {
+size_t WordStore::WordHash::operator()(std::string_view s) const {
   const char* p = s.data();
   size_t n = s.size();
   uint64_t h = 0x9E3779B97F4A7C15ull ^ n;
@@ -89,12 +85,11 @@ size_t WordStore::IndexHash::operator()(std::string_view s) const {
   return h ^ (h >> 32);
 }
 
-bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
-  const AnsiString& word = (*records)[a].Word;
-  if (word.size() != b.size()) return false;
-  // Short words, the common case, are compared through the same fixed-size loads as the hash.
-  size_t n = b.size();
-  const char* x = word.data();
+// Short words, the common case, are compared through the same fixed-size loads as the hash.
+bool WordStore::WordEq::operator()(std::string_view a, std::string_view b) const {
+  if (a.size() != b.size()) return false;
+  size_t n = a.size();
+  const char* x = a.data();
   const char* y = b.data();
   for (; n >= 8; x += 8, y += 8, n -= 8) {
     if (Load64(x) != Load64(y)) return false;
@@ -102,67 +97,83 @@ bool WordStore::IndexEq::operator()(int32_t a, std::string_view b) const {
   return TailBytes(x, n) == TailBytes(y, n);
 }
 
-WordStore::WordStore() : index_(0, IndexHash{&records_}, IndexEq{&records_}) { Reset(); }
+WordStore::WordStore() { Reset(); }
 
 void WordStore::Reset() {
-  records_.clear();
-  records_.emplace_back();  // element 0 is never used
-  index_.clear();
-  sorted_ = true;
-  indexValid_ = true;
-  handedOut_ = false;
+  arena_.clear();
+  arenaNext_ = nullptr;
+  arenaLeft_ = 0;
+  counts_.clear();
+  records_.assign(1, WordListEntry{});  // element 0 is never used
+  state_ = State::Counting;
+  numWords_ = 0;
   upperBound_ = kGrowthStep;
 }
 
-bool WordStore::Count(std::string_view word) {
-  if (handedOut_) {  // the records may have been reordered since they were handed out
-    handedOut_ = false;
-    sorted_ = false;
+// Copies a new word into the arena, whose blocks never move, so the index can point into it.
+std::string_view WordStore::Keep(std::string_view word) {
+  constexpr size_t kBlock = 64 * 1024;
+  if (word.empty()) return {};
+  if (word.size() > arenaLeft_) {
+    arenaLeft_ = std::max(kBlock, word.size());
+    arena_.push_back(std::make_unique<char[]>(arenaLeft_));
+    arenaNext_ = arena_.back().get();
   }
-  if (!indexValid_) RebuildIndex();
-  if (const auto it = index_.find(word); it != index_.end()) {
-    Increment(records_[*it].Frequency);
+  char* kept = arenaNext_;
+  std::memcpy(kept, word.data(), word.size());
+  arenaNext_ += word.size();
+  arenaLeft_ -= word.size();
+  return {kept, word.size()};
+}
+
+bool WordStore::Count(std::string_view word) {
+  if (state_ == State::HandedOut) CountAgainFromRecords();
+  state_ = State::Counting;
+  if (const auto it = counts_.find(word); it != counts_.end()) {
+    Increment(it->second);
     return false;
   }
-  const int32_t n = lngNumWords();
-  if (n == INT32_MAX) throw RunError(kErrOverflow, "Overflow");
-  if (n == upperBound_) upperBound_ += kGrowthStep;
-  WordListEntry& entry = records_.emplace_back();
-  entry.Word = word;
-  entry.Included = true;
-  entry.SortKey = MakeSortKey(word);
-  entry.Frequency = 1;
-  if (sorted_ && n >= 1 && !LessCodeUnits(records_[n].Word, word)) sorted_ = false;
-  index_.insert(n + 1);
+  if (numWords_ == INT32_MAX) ThrowOverflow();
+  if (numWords_ == upperBound_) upperBound_ += kGrowthStep;
+  counts_.emplace(Keep(word), 1);
+  ++numWords_;
   return true;
 }
 
-void WordStore::SortIfNeeded() const {
-  if (sorted_) return;
-  std::sort(records_.begin() + 1, records_.end(),
-            [](const WordListEntry& a, const WordListEntry& b) { return LessCodeUnits(a.Word, b.Word); });
-  sorted_ = true;
-  indexValid_ = false;
+// The records, from the index, in ascending binary order of the words.
+void WordStore::BuildRecords() const {
+  records_.resize(1);
+  records_.reserve(counts_.size() + 1);
+  for (const auto& [word, frequency] : counts_) {
+    WordListEntry& entry = records_.emplace_back();
+    entry.Word = word;
+    entry.SortKey = MakeSortKey(word);
+    entry.Frequency = frequency;
+    entry.Included = true;
+  }
+  std::sort(records_.begin() + 1, records_.end(), [](const WordListEntry& a, const WordListEntry& b) {
+    return LessCodeUnits(a.Word, b.Word);
+  });
 }
 
-void WordStore::RebuildIndex() const {
-  index_.clear();
-  index_.reserve(records_.size());
-  for (int32_t i = 1; i < static_cast<int32_t>(records_.size()); ++i) index_.insert(i);
-  indexValid_ = true;
+// The records handed out may have been changed: counting goes on from what they say.
+void WordStore::CountAgainFromRecords() {
+  for (auto it = records_.begin() + 1; it != records_.end(); ++it) {
+    counts_.find(std::string_view(it->Word))->second = it->Frequency;
+  }
 }
 
 std::span<WordListEntry> WordStore::WordList() {
-  if (!handedOut_) {
-    SortIfNeeded();
-    handedOut_ = true;
-    indexValid_ = false;
-  }
+  if (state_ == State::Counting) BuildRecords();
+  state_ = State::HandedOut;
   return records_;
 }
 
 std::span<const WordListEntry> WordStore::WordList() const {
-  if (!handedOut_) SortIfNeeded();
+  if (state_ == State::Counting) {
+    BuildRecords();
+    state_ = State::Listed;
+  }
   return records_;
 }
 

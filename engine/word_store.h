@@ -3,13 +3,14 @@
 //
 // Records are read as WordList[1..lngNumWords] in ascending binary (code-unit) order of Word,
 // element 0 unused. Counting does not keep that order as it goes: a hash index finds a known word
-// in O(1) and a new word is appended; the sorted order is produced when the records are read.
+// in O(1) and a new word costs no shift; the sorted records are produced when they are read.
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
 
-#include <absl/container/flat_hash_set.h>
+#include <absl/container/flat_hash_map.h>
 
 #include "support/ansi_text.h"
 
@@ -81,7 +82,7 @@ class WordStore {
   // Discards every record; the capacity goes back to 500.
   void Reset();
 
-  int32_t lngNumWords() const { return static_cast<int32_t>(records_.size()) - 1; }
+  int32_t lngNumWords() const { return numWords_; }
   // The array's upper bound: 500, then 1000, 1500, ... as words arrive.
   int32_t UpperBound() const { return upperBound_; }
 
@@ -90,8 +91,8 @@ class WordStore {
   bool Count(std::string_view word);
 
   // The records in ascending binary order of Word, element 0 unused. The mutable view may be
-  // reordered (the alphabetical listing order); later reads then see that order until the next
-  // Count() or Reset().
+  // reordered and its counts changed (the listing does both); later reads see it as it was left
+  // until the next Count() or Reset().
   std::span<WordListEntry> WordList();
   std::span<const WordListEntry> WordList() const;
 
@@ -99,28 +100,30 @@ class WordStore {
   bool FindWordInList(std::string_view key, int32_t& position) const;
 
  private:
-  struct IndexHash {
+  // While counting, the words live in an arena and their counts in the hash index: a known word
+  // costs one probe into a compact table. The records are built when they are read.
+  enum class State { Counting, Listed, HandedOut };
+
+  struct WordHash {
     using is_transparent = void;
-    const std::vector<WordListEntry>* records;
-    size_t operator()(int32_t i) const;
     size_t operator()(std::string_view s) const;
   };
-  struct IndexEq {
+  struct WordEq {
     using is_transparent = void;
-    const std::vector<WordListEntry>* records;
-    bool operator()(int32_t a, int32_t b) const { return a == b; }
-    bool operator()(int32_t a, std::string_view b) const;
-    bool operator()(std::string_view a, int32_t b) const { return (*this)(b, a); }
+    bool operator()(std::string_view a, std::string_view b) const;
   };
 
-  void SortIfNeeded() const;
-  void RebuildIndex() const;
+  std::string_view Keep(std::string_view word);
+  void BuildRecords() const;
+  void CountAgainFromRecords();
 
+  std::vector<std::unique_ptr<char[]>> arena_;
+  char* arenaNext_ = nullptr;
+  size_t arenaLeft_ = 0;
+  absl::flat_hash_map<std::string_view, int32_t, WordHash, WordEq> counts_;
   mutable std::vector<WordListEntry> records_;
-  mutable absl::flat_hash_set<int32_t, IndexHash, IndexEq> index_;
-  mutable bool sorted_ = true;
-  mutable bool indexValid_ = true;
-  bool handedOut_ = false;  // WordList() gave out the records for reordering
+  mutable State state_ = State::Counting;
+  int32_t numWords_ = 0;
   int32_t upperBound_ = kGrowthStep;
 };
 
