@@ -83,12 +83,17 @@ bool IsOesException(std::string_view word, bool caseSensitive) {
 }
 
 // Cuts a trailing character-entity reference that lost its ";" when the word was cut out.
-void CutEntityTail(AnsiString& word) {
+std::string_view CutEntityTail(std::string_view word) {
   const size_t ampersand = word.find('&');
-  if (ampersand == AnsiString::npos) return;
-  AnsiString reference = word.substr(ampersand);
+  if (ampersand == std::string_view::npos) return word;
+  AnsiString reference(word.substr(ampersand));
   reference += ';';
-  if (IsCharacterEntity(reference)) word.resize(ampersand);
+  return IsCharacterEntity(reference) ? word.substr(0, ampersand) : word;
+}
+
+std::string_view StripTrailing(std::string_view word, std::string_view chars) {
+  while (!word.empty() && chars.find(word.back()) != std::string_view::npos) word.remove_suffix(1);
+  return word;
 }
 
 bool IsApostropheFragment(std::string_view word) {
@@ -182,25 +187,32 @@ bool HasNoVowel(std::string_view word) {
 }
 
 void StripTrailingChars(AnsiString& word, std::string_view chars) {
-  while (!word.empty() && std::find(chars.begin(), chars.end(), word.back()) != chars.end()) {
-    word.pop_back();
+  word.resize(StripTrailing(word, chars).size());
+}
+
+std::string_view NormalizeWord(std::string_view word, const NormalizationOptions& options,
+                               AnsiString& scratch) {
+  if (word.empty()) return {};
+  if (options.blnCharacterEntitiesPossible) {
+    word = CutEntityTail(word);
+    if (word.empty()) return {};
   }
+  word = StripTrailing(word, kTrailingCharsRemoved);
+  if (options.dropFinalS && !options.blnReadingWords) {
+    scratch.assign(word);
+    EnglishPluralToSingular(scratch, options.caseSignificant);
+    word = scratch;
+  }
+  if (!options.allowApostrophes && !options.blnReadingWords && IsApostropheFragment(word)) {
+    return {};
+  }
+  if (options.ignoreNoVowel && HasNoVowel(word)) return {};
+  return word;
 }
 
 void NormalizeWord(AnsiString& word, const NormalizationOptions& options) {
-  if (word.empty()) return;
-  if (options.blnCharacterEntitiesPossible) {
-    CutEntityTail(word);
-    if (word.empty()) return;
-  }
-  StripTrailingChars(word, kTrailingCharsRemoved);
-  if (options.dropFinalS && !options.blnReadingWords) {
-    EnglishPluralToSingular(word, options.caseSignificant);
-  }
-  if (!options.allowApostrophes && !options.blnReadingWords && IsApostropheFragment(word)) {
-    word.clear();
-  }
-  if (options.ignoreNoVowel && HasNoVowel(word)) word.clear();
+  AnsiString scratch;
+  word = AnsiString(NormalizeWord(std::string_view(word), options, scratch));
 }
 
 }  // namespace wordtally

@@ -23,7 +23,12 @@ struct NormalizationOptions {
 };
 NormalizationOptions MakeNormalizationOptions(const CountingSettings& settings, const RunState& run);
 
-// The word pipeline, in place (the buffer is reused from word to word).
+// The word pipeline on a view of the candidate word: the word to count, or "" when it is dropped.
+// Most steps only shorten the view; the plural rules rewrite the word into scratch, and the result
+// then lives there. Nothing is allocated once scratch has grown.
+std::string_view NormalizeWord(std::string_view word, const NormalizationOptions& options,
+                               AnsiString& scratch);
+// The same pipeline on a word of its own.
 void NormalizeWord(AnsiString& word, const NormalizationOptions& options);
 
 // True when word ends in ending; without caseSensitive both are compared lower-cased.

@@ -1,6 +1,7 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "engine/counting_settings.h"
@@ -88,12 +89,49 @@ WordCharTable MakeWordCharTable(bool allowDigits, std::string_view extraChars) {
   return table;
 }
 
+namespace {
+
+// The bytes of x (read little-endian) that are ASCII letters, each marked by its high bit.
+uint64_t AsciiLetterBytes(uint64_t x) {
+  constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = kOnes * 0x80;
+  const uint64_t folded = (x | (kOnes * 0x20)) & (kOnes * 0x7F);  // A-Z onto a-z, no carries
+  const uint64_t atLeastA = (folded + kOnes * (0x80 - 'a')) & kHighs;
+  const uint64_t beyondZ = (folded + kOnes * (0x80 - 'z' - 1)) & kHighs;
+  return ~x & atLeastA & ~beyondZ;
+}
+
+// Steps over the ASCII letters at the front of [end, limit) eight at a time; the letters are word
+// characters whatever the settings, and most words are made of nothing else.
+const char* SkipAsciiLetters(const char* end, const char* limit) {
+  if constexpr (std::endian::native == std::endian::little) {
+    constexpr uint64_t kHighs = 0x8080808080808080ull;
+    while (limit - end >= 8) {
+      uint64_t x;
+      std::memcpy(&x, end, 8);
+      const uint64_t others = ~AsciiLetterBytes(x) & kHighs;
+      if (others != 0) return end + std::countr_zero(others) / 8;
+      end += 8;
+    }
+  }
+  return end;
+}
+
+}  // namespace
+
 int32_t CountWordChars(std::string_view text, int32_t start, const WordCharTable& wordChars) {
   if (start < 1 || static_cast<size_t>(start) > text.size()) return 0;
   const char* const first = text.data() + (start - 1);
   const char* const limit = first + std::min<size_t>(text.size() - (start - 1), kMaxWordCharRun);
   const char* end = first;
-  while (end != limit && wordChars[static_cast<unsigned char>(*end)]) ++end;
+  for (;;) {
+    end = SkipAsciiLetters(end, limit);
+    if (end == limit || !wordChars[static_cast<unsigned char>(*end)]) break;
+    ++end;  // a word character that is not an ASCII letter: a hyphen, an accented letter ...
+    if (limit - end < 8) {
+      while (end != limit && wordChars[static_cast<unsigned char>(*end)]) ++end;
+      break;
+    }
+  }
   return static_cast<int32_t>(end - first);
 }
 
@@ -201,7 +239,7 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
     commentStartChars_[static_cast<unsigned char>(markers_.start[i].front())] = true;
   }
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
-  word_.reserve(2 * intMaxPermittedWordLength);
+  scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
 void LineWalker::WalkLine() {
@@ -260,28 +298,22 @@ bool LineWalker::StepOverComments() {
 void LineWalker::TakeWord(const NormalizationOptions& options) {
   RunState& run = ctx_.run;
   const int32_t length = CountWordChars(run.strLine, run.lngLP, wordChars_);
-  // Copied (and folded) in one pass into the reused buffer.
-  const char* start = run.strLine.data() + run.lngLP - 1;
-  word_.resize(static_cast<size_t>(length));
-  if (foldCase_) {
-    std::transform(start, start + length, word_.begin(), [](char c) {
-      return static_cast<char>(LowerAnsiChar(static_cast<unsigned char>(c)));
-    });
-  } else {
-    std::copy(start, start + length, word_.begin());
-  }
+  // The word is folded where it stands: the walk never looks back at the line.
+  char* start = run.strLine.data() + run.lngLP - 1;
+  if (foldCase_) LowerAnsiInPlace(start, static_cast<size_t>(length));
   run.lngLP += length;
-  NormalizeWord(word_, options);
-  if (IsAcceptedWord(word_)) CountAcceptedWord();
+  const std::string_view word =
+      NormalizeWord(std::string_view(start, static_cast<size_t>(length)), options, scratch_);
+  if (IsAcceptedWord(word)) CountAcceptedWord(word);
 }
 
-void LineWalker::CountAcceptedWord() {
+void LineWalker::CountAcceptedWord(std::string_view word) {
   if (ctx_.run.blnReadingWords) {
-    AddWordToList(ctx_, word_);
+    AddWordToList(ctx_, word);
     return;
   }
   Increment(ctx_.run.lngTotalNumOccurrences);
-  GetWords2(ctx_, word_);
+  GetWords2(ctx_, word);
 }
 
 }  // namespace wordtally

@@ -69,7 +69,7 @@ class LineWalker {
   bool StepOverComments();
   // Takes the word at lngLP and counts it when it is accepted.
   void TakeWord(const NormalizationOptions& options);
-  void CountAcceptedWord();
+  void CountAcceptedWord(std::string_view word);
 
   EngineContext& ctx_;
   WordCharTable wordChars_{};
@@ -77,7 +77,7 @@ class LineWalker {
   std::array<bool, 256> commentStartChars_{};
   CommentMarkerPairs markers_;
   bool foldCase_ = false;
-  AnsiString word_;
+  AnsiString scratch_;  // the plural rules' rewritten word
 };
 
 }  // namespace wordtally

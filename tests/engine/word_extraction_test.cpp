@@ -46,6 +46,17 @@ TEST(ScanWordCharsTest, CountsTheRunAndDescribesItsEnd) {
   EXPECT_EQ(ScanWordChars(" abc", 1, false, "").length, 0);
   EXPECT_EQ(ScanWordChars(std::string(70000, 'a'), 1, false, "").length, 65000);
   EXPECT_EQ(ScanWordChars(std::string(70000, 'a'), 65001, false, "").length, 5000);
+
+  // Long runs of letters with other word characters, and ends, on either side of 8-byte steps.
+  const std::string mixed = "abcdefghij-klmnop\xE9qrs tuv";  // 10 + 1 + 6 + 1 + 3 characters
+  EXPECT_EQ(ScanWordChars(mixed, 1, false, "-").length, 21);
+  EXPECT_EQ(ScanWordChars(mixed, 1, false, "").length, 10);
+  EXPECT_EQ(ScanWordChars(mixed, 12, false, "").length, 10);
+  EXPECT_EQ(ScanWordChars("ABCDEFGH[abc", 1, false, "").length, 8);
+  EXPECT_EQ(ScanWordChars("abcdefg@bc", 1, false, "").length, 7);
+  EXPECT_EQ(ScanWordChars("abcdefgh\xD7ijk", 1, false, "").length, 8);  // the multiplication sign
+  EXPECT_EQ(ScanWordChars("abcdefghijklmnop`", 1, false, "").length, 16);
+  EXPECT_EQ(ScanWordChars("abcdefghijklmnopq{", 1, false, "").length, 17);
 }
 
 TEST(ShapeTest, RepeatedCharactersAndRomanNumerals) {
