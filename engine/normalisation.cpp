@@ -92,7 +92,9 @@ std::string_view CutEntityTail(std::string_view word) {
 }
 
 std::string_view StripTrailing(std::string_view word, std::string_view chars) {
-  while (!word.empty() && chars.find(word.back()) != std::string_view::npos) word.remove_suffix(1);
+  // A plain loop over the few characters: a library search would call out for each word.
+  auto removable = [chars](char c) { return std::find(chars.begin(), chars.end(), c) != chars.end(); };
+  while (!word.empty() && removable(word.back())) word.remove_suffix(1);
   return word;
 }
 
