@@ -53,10 +53,4 @@ bool ScriptedHost::Visible(Control control) const {
   return it != visible_.end() && it->second;
 }
 
-std::vector<AnsiString> ScriptedHost::Titles() const {
-  std::vector<AnsiString> titles;
-  for (const auto& m : messages) titles.push_back(m.title);
-  return titles;
-}
-
 }  // namespace wordtally::testing

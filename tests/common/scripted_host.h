@@ -37,8 +37,6 @@ class ScriptedHost : public Host {
   // The caption last set, "" when never set.
   AnsiString Caption(Control control) const;
   bool Visible(Control control) const;
-  // Titles of the message boxes shown, in order.
-  std::vector<AnsiString> Titles() const;
 
   // Script.
   std::deque<Answer> answers;                          // for ShowMessage questions

@@ -15,41 +15,21 @@ constexpr std::string_view kInvalidInput =
     "The text on the clipboard does not consist\r\nsolely of natural language words.";
 constexpr std::string_view kTooMuchToPaste =
     "There is too much text on the clipboard to paste into the textbox.";
-constexpr std::string_view kStillCountable =
-    "\r\nIt may, however, still be possible to count word frequencies.";
-
-std::u16string RepeatedText(std::u16string_view piece, int times) {
-  std::u16string text;
-  for (int i = 0; i < times; ++i) text += piece;
-  return text;
-}
 
 using ClipboardTest = WholeRunTest;
 
-TEST_F(ClipboardTest, SizeLabelCountsCharacters) {
-  ShowClipboardSize(ctx);
-  EXPECT_EQ(host.Caption(Control::SizeOfClipboardContents), "0 bytes on the clipboard.");
-  host.clipboard = std::u16string(1234, u'a');
-  ShowClipboardSize(ctx);
-  EXPECT_EQ(host.Caption(Control::SizeOfClipboardContents), "1,234 bytes on the clipboard.");
-  host.clipboard = std::u16string(1234, u'\u00E9');  // two bytes each in UTF-8, one character
-  ShowClipboardSize(ctx);
-  EXPECT_EQ(host.Caption(Control::SizeOfClipboardContents), "1,234 bytes on the clipboard.");
-}
-
-TEST_F(ClipboardTest, PasteStepAndItsLimit) {
+TEST_F(ClipboardTest, PasteStepItsLimitAndTheSizeLabel) {
   host.SetCaption(Control::Status, "Ready.");
   PasteClipboardText(ctx, true);
   EXPECT_EQ(host.Caption(Control::Status), "");
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, "Clipboard empty");
-  EXPECT_EQ(host.messages[0].text, "Clipboard is empty.");
-  EXPECT_EQ(host.messages[0].icon, MessageIcon::None);
+  ExpectOneMessage("Clipboard empty", "Clipboard is empty.", MessageButtons::Ok, MessageIcon::None);
   EXPECT_EQ(host.pasted, std::vector<std::u16string>{u""});  // the text box is cleared
+  ShowClipboardSize(ctx);
+  EXPECT_EQ(host.Caption(Control::SizeOfClipboardContents), "0 bytes on the clipboard.");
 
   host.messages.clear();
   host.pasted.clear();
-  host.clipboard = std::u16string(100000, u'x');
+  host.clipboard = std::u16string(100000, u'\u00E9');  // two bytes each in UTF-8, one character
   PasteClipboardText(ctx, true);
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(host.pasted, std::vector<std::u16string>{host.clipboard});
@@ -59,13 +39,11 @@ TEST_F(ClipboardTest, PasteStepAndItsLimit) {
   host.clipboard += u'x';
   PasteClipboardText(ctx, true);
   EXPECT_TRUE(host.pasted.empty());
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, "Too much clipboard text");
-  EXPECT_EQ(host.messages[0].text,
-            "There are 100,001 characters in the text on the clipboard.\r\n"
-            "The maximum permitted is 100,000.  If possible,\r\n"
-            "count word frequencies for this text using an input file.");
-  EXPECT_EQ(host.messages[0].icon, MessageIcon::None);
+  ExpectOneMessage("Too much clipboard text",
+                   "There are 100,001 characters in the text on the clipboard.\r\n"
+                   "The maximum permitted is 100,000.  If possible,\r\n"
+                   "count word frequencies for this text using an input file.",
+                   MessageButtons::Ok, MessageIcon::None);
   EXPECT_EQ(host.Caption(Control::SizeOfClipboardContents), "100,001 bytes on the clipboard.");
 
   // Without pasting, only the size is shown.
@@ -81,16 +59,15 @@ TEST_F(ClipboardTest, PasteThatRunsOutOfMemory) {
   host.onPaste = [] { throw std::bad_alloc(); };
   host.clipboard = u"hello";
   PasteClipboardText(ctx, true);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, texts::kGenericErrorTitle);
-  EXPECT_EQ(host.messages[0].text, AnsiString(kTooMuchToPaste) + AnsiString(kStillCountable));
-
+  ExpectOneMessage(texts::kGenericErrorTitle,
+                   AnsiString(kTooMuchToPaste) +
+                       "\r\nIt may, however, still be possible to count word frequencies.",
+                   MessageButtons::Ok);
   // At the limit the text could not be counted from the clipboard either: no second line.
   host.messages.clear();
   host.clipboard = std::u16string(100000, u'x');
   PasteClipboardText(ctx, true);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].text, kTooMuchToPaste);
+  ExpectOneMessage(texts::kGenericErrorTitle, kTooMuchToPaste, MessageButtons::Ok);
 }
 
 TEST(IsPlainText, LooksAtTheLowByteOfTheFirstCharacters) {
@@ -101,9 +78,7 @@ TEST(IsPlainText, LooksAtTheLowByteOfTheFirstCharacters) {
   EXPECT_TRUE(IsPlainText(u"plain words", 3000, false));
   for (char16_t bad : {u'\0', u'\x1B', u'\x01', u'\x1F', u'\u0101', u'\u2019'}) {
     SCOPED_TRACE(static_cast<int>(bad));
-    std::u16string text = u"word";
-    text.push_back(bad);
-    EXPECT_FALSE(IsPlainText(text, 3000, true));
+    EXPECT_FALSE(IsPlainText(u"word" + std::u16string(1, bad), 3000, true));
   }
   EXPECT_TRUE(IsPlainText(u"\u0141\u00E9\u20AC", 3000, true));  // low bytes 41, E9, AC
 
@@ -116,50 +91,42 @@ TEST(IsPlainText, LooksAtTheLowByteOfTheFirstCharacters) {
   EXPECT_FALSE(IsPlainText(text, 3000, true));
 }
 
-TEST_F(ClipboardTest, RunFromTheClipboard) {
+TEST_F(ClipboardTest, RunFromTheClipboardAndItsRefusals) {
   CountClipboard(u"Apple banana apple\r\ncherry apple banana Caf\u00E9 caf\u00E9");
   EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(host.output, RankFreqWordListing(6, {"      1       3  apple",
-                                                 "      2       2  banana",
+  EXPECT_EQ(host.output, RankFreqWordListing(6, {"      1       3  apple", "      2       2  banana",
                                                  "      3       2  caf\xE9",
                                                  "      4       1  cherry"}));
   EXPECT_TRUE(ctx.run.blnWordsGot);
   ExpectIdle();
 
   // An escape character as character 3001 is not looked at, and only separates words.
-  const std::u16string apples = RepeatedText(u"apple ", 500);
+  std::u16string apples;
+  for (int i = 0; i < 500; ++i) apples += u"apple ";
   CountClipboard(apples + u"\x1B banana");
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(host.output,
             RankFreqWordListing(6, {"      1     500  apple", "      2       1  banana"}));
-}
 
-TEST_F(ClipboardTest, ClipboardRunRefusals) {
-  const std::u16string apples = RepeatedText(u"apple ", 500);
   struct Case {
     std::u16string text;
     std::string_view title;
     std::string_view message;
     MessageIcon icon;
   };
-  const std::u16string escapeAt3000 = apples.substr(0, 2999) + u"\x1B banana";
-  for (const Case& c : {Case{escapeAt3000, "Invalid input", kInvalidInput,
-                             MessageIcon::Exclamation},
+  for (const Case& c : {Case{apples.substr(0, 2999) + u"\x1B banana", "Invalid input",
+                             kInvalidInput, MessageIcon::Exclamation},
                         Case{std::u16string(u"apple\0banana", 12), "Invalid input", kInvalidInput,
                              MessageIcon::Exclamation},
                         Case{u"", "Clipboard empty", "Clipboard is empty.", MessageIcon::None}}) {
     SCOPED_TRACE(c.title);
     host.messages.clear();
     host.output = "text of an earlier run";
+    ctx.store.Reset();
     CountClipboard(c.text);
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].title, c.title);
-    EXPECT_EQ(host.messages[0].text, c.message);
-    EXPECT_EQ(host.messages[0].icon, c.icon);
-    EXPECT_EQ(ctx.store.lngNumWords(), 0);
-    EXPECT_FALSE(ctx.run.blnWordsGot);
+    ExpectOneMessage(c.title, c.message, MessageButtons::Ok, c.icon);
+    ExpectRefused();
     EXPECT_TRUE(settings.optInFile);  // the source goes back to the input file
-    ExpectIdle();
   }
 }
 

@@ -5,16 +5,6 @@
 namespace wordtally {
 namespace {
 
-AnsiString Singular(AnsiString word, bool caseSensitive) {
-  EnglishPluralToSingular(word, caseSensitive);
-  return word;
-}
-
-AnsiString Normalized(AnsiString word, const NormalizationOptions& options) {
-  NormalizeWord(word, options);
-  return word;
-}
-
 TEST(EndingsTest, MatchAndReplaceIgnoreCaseUnlessAskedNotTo) {
   EXPECT_TRUE(EndsWith("CITIES", "ies", false));
   EXPECT_FALSE(EndsWith("CITIES", "ies", true));
@@ -29,27 +19,28 @@ TEST(EndingsTest, MatchAndReplaceIgnoreCaseUnlessAskedNotTo) {
   EXPECT_EQ(word, "BOXe");
 }
 
-TEST(PluralTest, RulesInOrderWhenCaseIsNotSignificant) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"cities", "city"},   {"ties", "tie"},       {"series", "sery"},     {"wishes", "wish"},
-      {"classes", "class"}, {"buzzes", "buzz"},    {"heroes", "hero"},     {"floes", "floe"},
-      {"shoes", "shoe"},    {"horses", "horse"},   {"boxes", "boxe"},      {"trees", "tree"},
-      {"gas", "ga"},        {"is", "is"},          {"us", "us"},           {"as", "as"},
-      {"glass", "glass"},   {"bus", "bus"},        {"physics", "physics"}, {"analysis", "analysis"},
-      {"rights", "rights"}, {"SPECIES", "SPECIES"}, {"mice", "mouse"},     {"lice", "louse"},
-      {"Mice", "Mice"},     {"  cats ", "cat"},    {"plays", "play"},      {"bees", "bee"},
-      {"goes", "go"},       {"days", "day"},
+TEST(PluralTest, RulesInOrderWithAndWithoutSignificantCase) {
+  const auto singular = [](AnsiString word, bool caseSensitive) {
+    EnglishPluralToSingular(word, caseSensitive);
+    return word;
   };
-  for (const auto& [plural, singular] : cases) EXPECT_EQ(Singular(plural, false), singular) << plural;
-}
-
-TEST(PluralTest, CapitalEndingsWhenCaseIsSignificant) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"Mice", "MOUSE"},   {"mice", "mouse"},   {"LICE", "LOUSE"}, {"CITIES", "CITY"},
-      {"Cities", "City"},  {"HEROES", "HERO"},  {"shoes", "sho"},  {"FLOES", "FLOE"},
-      {"HORSES", "HORSE"}, {"Trees", "Tree"},   {"Rights", "Rights"},
-  };
-  for (const auto& [plural, singular] : cases) EXPECT_EQ(Singular(plural, true), singular) << plural;
+  for (const auto& [plural, expected] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"cities", "city"},   {"ties", "tie"},       {"series", "sery"},     {"wishes", "wish"},
+           {"classes", "class"}, {"buzzes", "buzz"},    {"heroes", "hero"},     {"floes", "floe"},
+           {"shoes", "shoe"},    {"horses", "horse"},   {"boxes", "boxe"},      {"trees", "tree"},
+           {"gas", "ga"},        {"is", "is"},          {"us", "us"},           {"as", "as"},
+           {"glass", "glass"},   {"bus", "bus"},        {"physics", "physics"}, {"analysis", "analysis"},
+           {"rights", "rights"}, {"SPECIES", "SPECIES"}, {"mice", "mouse"},     {"lice", "louse"},
+           {"Mice", "Mice"},     {"  cats ", "cat"},    {"plays", "play"},      {"bees", "bee"},
+           {"goes", "go"},       {"days", "day"}}) {
+    EXPECT_EQ(singular(plural, false), expected) << plural;
+  }
+  for (const auto& [plural, expected] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"Mice", "MOUSE"},   {"mice", "mouse"}, {"LICE", "LOUSE"}, {"CITIES", "CITY"},
+           {"Cities", "City"},  {"HEROES", "HERO"}, {"shoes", "sho"}, {"FLOES", "FLOE"},
+           {"HORSES", "HORSE"}, {"Trees", "Tree"}, {"Rights", "Rights"}}) {
+    EXPECT_EQ(singular(plural, true), expected) << plural;
+  }
 }
 
 TEST(CharacterClassTest, StemsVowelsCapitalsAndTrailingChars) {
@@ -59,63 +50,57 @@ TEST(CharacterClassTest, StemsVowelsCapitalsAndTrailingChars) {
   for (const char* word : {"don", "wouldnt", "wouldn couldn"}) {
     EXPECT_FALSE(IsContractionStem(word)) << word;
   }
-
-  EXPECT_TRUE(HasNoVowel(""));
-  EXPECT_TRUE(HasNoVowel("hmm"));
-  EXPECT_TRUE(HasNoVowel("\xE7"));  // ç
+  for (const char* word : {"", "hmm", "\xE7"}) EXPECT_TRUE(HasNoVowel(word)) << word;  // ç
   EXPECT_FALSE(HasNoVowel("myth"));
   EXPECT_FALSE(HasNoVowel("\xE7\xE0"));  // çà
-
   EXPECT_TRUE(IsAllUpperCase(""));
   EXPECT_TRUE(IsAllUpperCase("\xC0\x42\x8C\x8A\x9F"));  // ÀBŒŠŸ
   EXPECT_FALSE(IsAllUpperCase("Ab"));
   EXPECT_FALSE(IsAllUpperCase("\xD7"));  // ×
-
-  AnsiString word = "end--";
-  StripTrailingChars(word, "-\"");
-  EXPECT_EQ(word, "end");
-  word = "--end";
-  StripTrailingChars(word, "-\"");
-  EXPECT_EQ(word, "--end");
-  word = "\"-\"";
-  StripTrailingChars(word, "-\"");
-  EXPECT_EQ(word, "");
+  for (const auto& [before, after] :
+       {std::pair{"end--", "end"}, {"--end", "--end"}, {"\"-\"", ""}}) {
+    AnsiString word = before;
+    StripTrailingChars(word, "-\"");
+    EXPECT_EQ(word, after) << before;
+  }
 }
 
 TEST(NormalizeWordTest, PipelineSteps) {
+  const auto normalized = [](AnsiString word, const NormalizationOptions& options) {
+    NormalizeWord(word, options);
+    return word;
+  };
   NormalizationOptions options;  // no plurals, no apostrophes, no-vowel words dropped
   for (const char* fragment : {"t", "s", "T", "couldn", "n", "en", "hmm", ""}) {
-    EXPECT_EQ(Normalized(fragment, options), "") << fragment;
+    EXPECT_EQ(normalized(fragment, options), "") << fragment;
   }
-  EXPECT_EQ(Normalized("don", options), "don");
-  EXPECT_EQ(Normalized("known-", options), "known");
-  EXPECT_EQ(Normalized("trees", options), "trees");
-
+  EXPECT_EQ(normalized("don", options), "don");
+  EXPECT_EQ(normalized("known-", options), "known");
+  EXPECT_EQ(normalized("trees", options), "trees");
   options.dropFinalS = true;
-  EXPECT_EQ(Normalized("\"trees\"", options), "\"tree");
-  EXPECT_EQ(Normalized("Mice", options), "Mice");
+  EXPECT_EQ(normalized("\"trees\"", options), "\"tree");
+  EXPECT_EQ(normalized("Mice", options), "Mice");
   options.caseSignificant = true;
-  EXPECT_EQ(Normalized("Mice", options), "MOUSE");
+  EXPECT_EQ(normalized("Mice", options), "MOUSE");
 
   NormalizationOptions reading;
-  reading.blnReadingWords = true;
-  reading.dropFinalS = true;
-  EXPECT_EQ(Normalized("couldn", reading), "couldn");
-  EXPECT_EQ(Normalized("trees", reading), "trees");
+  reading.blnReadingWords = reading.dropFinalS = true;
+  EXPECT_EQ(normalized("couldn", reading), "couldn");
+  EXPECT_EQ(normalized("trees", reading), "trees");
 
   NormalizationOptions keepAll;
   keepAll.ignoreNoVowel = false;
   keepAll.allowApostrophes = true;
-  EXPECT_EQ(Normalized("hmm", keepAll), "hmm");
-  EXPECT_EQ(Normalized("couldn", keepAll), "couldn");
+  EXPECT_EQ(normalized("hmm", keepAll), "hmm");
+  EXPECT_EQ(normalized("couldn", keepAll), "couldn");
 
   NormalizationOptions markup;
-  EXPECT_EQ(Normalized("caf&eacute", markup), "caf&eacute");
+  EXPECT_EQ(normalized("caf&eacute", markup), "caf&eacute");
   markup.blnCharacterEntitiesPossible = true;
-  EXPECT_EQ(Normalized("caf&eacute", markup), "caf");
-  EXPECT_EQ(Normalized("rue&#12", markup), "rue");
-  EXPECT_EQ(Normalized("&amp", markup), "");
-  EXPECT_EQ(Normalized("area&#x", markup), "area&#x");  // "&#x;" names no character
+  EXPECT_EQ(normalized("caf&eacute", markup), "caf");
+  EXPECT_EQ(normalized("rue&#12", markup), "rue");
+  EXPECT_EQ(normalized("&amp", markup), "");
+  EXPECT_EQ(normalized("area&#x", markup), "area&#x");  // "&#x;" names no character
 }
 
 }  // namespace

@@ -17,25 +17,18 @@ std::string Bar(int hyphens, std::string_view tip, int spaces) {
   return "[" + std::string(hyphens, '-') + std::string(tip) + std::string(spaces, ' ') + "]";
 }
 
-std::string Repeated(std::string_view line, int times) {
-  std::string text;
-  for (int i = 0; i < times; ++i) text += line;
-  return text;
-}
-
 class ProgressTest : public WholeRunTest {
  protected:
   // Presses Stop once, at the first event-loop turn at which the store holds that many words.
   void PressStopAt(int32_t words) {
     host.onProcessEvents = [this, words, pressed = false]() mutable {
+      TimerTick(ctx);
       if (!pressed && ctx.store.lngNumWords() == words) {
         RequestStop(ctx);
         pressed = true;
       }
     };
-  }
-  // Records the output textbox as it stood when the "Counting interrupted" question came.
-  void WatchInterruptedQuestion() {
+    // Records the output textbox as it stood when the "Counting interrupted" question came.
     host.onMessage = [this](const MessageBoxRequest& m) {
       if (m.title == "Counting interrupted") outputWhenInterrupted = host.output;
     };
@@ -44,6 +37,12 @@ class ProgressTest : public WholeRunTest {
   static std::string StopInput(int words) {
     return DistinctWords(words) + Repeated("kaaaa kaaaa kaaaa kaaaa\r\n", 3000) +
            DistinctWords(5, words);
+  }
+  void ExpectStopQuestionOnce() const {
+    const auto asked = MessagesTitled(texts::kStopQuestionTitle);
+    ASSERT_EQ(asked.size(), 1u);
+    EXPECT_EQ(asked[0].text, " 2000 different words have been found.\r\nDo you really wish to stop?");
+    EXPECT_EQ(asked[0].buttons, MessageButtons::YesNo);
   }
 
   AnsiString outputWhenInterrupted;
@@ -55,17 +54,14 @@ TEST_F(ProgressTest, ClockAndRunningLabels) {
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 0s");
   EXPECT_TRUE(host.Visible(Control::TimeElapsed));
   EXPECT_TRUE(ctx.run.blnElapsedTimeRunning);
-  EXPECT_EQ(ctx.run.lngSecondsElapsed, 0);
   EXPECT_TRUE(host.timerRunning);
 
   TimerTick(ctx);
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 1s");
   EXPECT_EQ(host.Caption(Control::NumberOfWords), "Number of different words found so far: 0");
-
   settings.chkSuppressWords = 1;
   for (int i = 0; i < 1234; ++i) AddWordToList(ctx, "word" + std::to_string(i));
   for (int i = 1; i < 65; ++i) TimerTick(ctx);
-  EXPECT_EQ(ctx.run.lngSecondsElapsed, 65);
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 1m 05s");
   EXPECT_EQ(host.Caption(Control::NumberOfWords), "Number of different words found so far: 1,234");
   for (int i = 65; i < 3723; ++i) TimerTick(ctx);
@@ -83,7 +79,6 @@ TEST_F(ProgressTest, ProgressBarCaptions) {
   SetTotalNumOccurrencesForFileProgressBar(ctx);
   EXPECT_EQ(host.Caption(Control::TotalNumOccurrences), Bar(0, "", 37));
   EXPECT_TRUE(host.Visible(Control::TotalNumOccurrences));
-
   struct Case {
     double done, total;
     std::string caption;
@@ -102,7 +97,6 @@ TEST_F(ProgressTest, ProgressBarCaptions) {
     EXPECT_EQ(host.Caption(Control::TotalNumOccurrences), c.caption);
     EXPECT_EQ(ctx.run.intProgressBarPosition, c.position);
   }
-
   // Below the minimum total nothing is drawn; at the minimum it is.
   const size_t drawn = host.captionHistory[Control::TotalNumOccurrences].size();
   UpdateProgressBar(ctx, 5, 9, 10);
@@ -112,7 +106,7 @@ TEST_F(ProgressTest, ProgressBarCaptions) {
   EXPECT_EQ(host.Caption(Control::TotalNumOccurrences), Bar(36, ">", 0));
 }
 
-TEST_F(ProgressTest, ConcealNumWords) {
+TEST_F(ProgressTest, ConcealNumWordsAndTheStopButton) {
   const Control counters[] = {Control::NumberOfWords, Control::NumWordsExcluded,
                               Control::NumOccurrences, Control::TotalNumOccurrences};
   for (Control c : counters) host.SetVisible(c, true);
@@ -122,24 +116,22 @@ TEST_F(ProgressTest, ConcealNumWords) {
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 5s");
   ConcealNumWords(ctx, true);
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "");
-}
 
-TEST_F(ProgressTest, StopButtonOnlySetsTheFlag) {
-  settings.chkSuppressWords = 1;
-  AddWordToList(ctx, "apple");
-  host.output = "apple ";
+  // Stop only sets the flag.
   host.captionHistory.clear();
   RequestStop(ctx);
   EXPECT_TRUE(ctx.run.blnStop);
-  EXPECT_EQ(ctx.store.lngNumWords(), 1);
-  EXPECT_EQ(host.output, "apple ");
   EXPECT_TRUE(host.messages.empty());
   EXPECT_TRUE(host.captionHistory.empty());
 }
 
 TEST_F(ProgressTest, BarFollowsTheFileAndTheClipboardText) {
   const std::string text = DistinctWords(1500);
-  auto expectFilledStepByStep = [this] {
+  for (bool fromFile : {true, false}) {
+    SCOPED_TRACE(fromFile);
+    host.captionHistory.clear();
+    if (fromFile) CountFile(WriteFile("words.txt", text));
+    else CountClipboard(AnsiToUtf16(text));
     const auto& bars = host.captionHistory[Control::TotalNumOccurrences];
     ASSERT_FALSE(bars.empty());
     EXPECT_EQ(bars.front(), Bar(0, "", 37));
@@ -150,26 +142,13 @@ TEST_F(ProgressTest, BarFollowsTheFileAndTheClipboardText) {
       EXPECT_LE(std::count(bars[i - 1].begin(), bars[i - 1].end(), '-'),
                 std::count(bars[i].begin(), bars[i].end(), '-'));
     }
-  };
-  CountFile(WriteFile("words.txt", text));
-  expectFilledStepByStep();
-
-  host.captionHistory.clear();
-  CountClipboard(AnsiToUtf16(text));
-  expectFilledStepByStep();
+  }
 }
 
 TEST_F(ProgressTest, StopWithFewerThan2000WordsIsImmediate) {
   PressStopAt(1999);
-  auto pressStop = std::move(host.onProcessEvents);
-  host.onProcessEvents = [this, pressStop] {
-    TimerTick(ctx);
-    pressStop();
-  };
-  WatchInterruptedQuestion();
   host.answers = {Answer::No};  // do not list
   CountFile(WriteFile("words.txt", StopInput(1999)));
-
   EXPECT_TRUE(MessagesTitled(texts::kStopQuestionTitle).empty());
   const auto interrupted = MessagesTitled("Counting interrupted");
   ASSERT_EQ(interrupted.size(), 1u);
@@ -178,8 +157,7 @@ TEST_F(ProgressTest, StopWithFewerThan2000WordsIsImmediate) {
             "Do you wish to list the words which were found?");
   EXPECT_EQ(interrupted[0].buttons, MessageButtons::YesNo);
   EXPECT_TRUE(EndsWith(outputWhenInterrupted, " \r\n\r\nStopped with 1999 words found."));
-  EXPECT_EQ(host.Caption(Control::NumberOfWords),
-            "Number of different words found so far: 1,999");
+  EXPECT_EQ(host.Caption(Control::NumberOfWords), "Number of different words found so far: 1,999");
   EXPECT_FALSE(host.Visible(Control::NumberOfWords));
   EXPECT_FALSE(host.Visible(Control::TotalNumOccurrences));
   // No: the words stay in the store and nothing is listed.
@@ -192,19 +170,11 @@ TEST_F(ProgressTest, StopWithFewerThan2000WordsIsImmediate) {
 
 TEST_F(ProgressTest, StopWith2000WordsAsksFirst) {
   const std::string input = WriteFile("words.txt", StopInput(2000));
-  auto expectStopQuestion = [this] {
-    const auto asked = MessagesTitled(texts::kStopQuestionTitle);
-    ASSERT_EQ(asked.size(), 1u);
-    EXPECT_EQ(asked[0].text,
-              " 2000 different words have been found.\r\nDo you really wish to stop?");
-    EXPECT_EQ(asked[0].buttons, MessageButtons::YesNo);
-  };
-
   // No: the same run goes on to the end and lists everything.
   PressStopAt(2000);
   host.answers = {Answer::No};
   CountFile(input);
-  expectStopQuestion();
+  ExpectStopQuestionOnce();
   EXPECT_TRUE(MessagesTitled("Counting interrupted").empty());
   EXPECT_EQ(ctx.store.lngNumWords(), 2005);
   EXPECT_TRUE(ctx.run.blnWordsGot);
@@ -213,30 +183,25 @@ TEST_F(ProgressTest, StopWith2000WordsAsksFirst) {
   EXPECT_EQ(host.output.find("Stopped"), AnsiString::npos);
   ExpectIdle();
 
-  // Yes, then list the words found.
-  host.messages.clear();
-  PressStopAt(2000);
-  WatchInterruptedQuestion();
-  host.answers = {Answer::Yes, Answer::Yes};
-  CountFile(input);
-  expectStopQuestion();
-  EXPECT_TRUE(EndsWith(outputWhenInterrupted, " \r\n\r\nStopped with 2000 words found."));
-  EXPECT_EQ(ctx.store.lngNumWords(), 2000);
-  EXPECT_FALSE(ctx.run.blnWordsGot);  // a stopped run's words are listed but incomplete
-  EXPECT_TRUE(ctx.run.blnStoppedAndListed);
-  EXPECT_TRUE(EndsWith(host.output, "   2000       1  kacyx\r\n"));  // the 2000th word
-  ExpectIdle();
-
-  // Yes, then do not list.
-  host.messages.clear();
-  PressStopAt(2000);
-  host.answers = {Answer::Yes, Answer::No};
-  CountFile(input);
-  expectStopQuestion();
-  EXPECT_TRUE(EndsWith(host.output, "Stopped with 2000 words found."));
-  EXPECT_EQ(ctx.store.lngNumWords(), 2000);
-  EXPECT_FALSE(ctx.run.blnWordsGot);
-  ExpectIdle();
+  // Yes, then list the words found, or not.
+  for (Answer list : {Answer::Yes, Answer::No}) {
+    SCOPED_TRACE(static_cast<int>(list));
+    host.messages.clear();
+    PressStopAt(2000);
+    host.answers = {Answer::Yes, list};
+    CountFile(input);
+    ExpectStopQuestionOnce();
+    EXPECT_TRUE(EndsWith(outputWhenInterrupted, " \r\n\r\nStopped with 2000 words found."));
+    EXPECT_EQ(ctx.store.lngNumWords(), 2000);
+    EXPECT_FALSE(ctx.run.blnWordsGot);  // a stopped run's words are listed but incomplete
+    if (list == Answer::Yes) {
+      EXPECT_TRUE(ctx.run.blnStoppedAndListed);
+      EXPECT_TRUE(EndsWith(host.output, "   2000       1  kacyx\r\n"));  // the 2000th word
+    } else {
+      EXPECT_EQ(host.output, outputWhenInterrupted);
+    }
+    ExpectIdle();
+  }
 }
 
 TEST_F(ProgressTest, StoppedReportCountsWordsInTheSingularForOne) {

@@ -16,9 +16,11 @@
 namespace wordtally::testing {
 namespace {
 
+constexpr auto kOk = MessageButtons::Ok;
+constexpr auto kWarning = MessageIcon::Exclamation;
 constexpr std::string_view kFruit = "Apple banana apple\r\ncherry apple banana\r\n";
-const std::vector<std::string> kFruitLines = {"      1       3  apple", "      2       2  banana",
-                                              "      3       1  cherry"};
+const AnsiString kFruitListing = RankFreqWordListing(
+    6, {"      1       3  apple", "      2       2  banana", "      3       1  cherry"});
 constexpr std::string_view kSameFile = "Output file cannot be the same as the input file.";
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr std::string_view kNoteSpaces =
@@ -27,15 +29,16 @@ constexpr std::string_view kNoteSpaces =
 constexpr std::string_view kExcelLines =
     "\r\nIf the output file is open in Excel then it must first be closed\r\n"
     "or a different file should be specified as the output file.";
-constexpr std::string_view kLargeQuestion =
-    "The input file is quite large.  It is advisable to specify an output file \r\n"
-    "before continuing, in case the text window will not hold the result. \r\n"
-    "Do you wish to specify an output file?";
+constexpr std::string_view kSeemsUtf8 =
+    "This file seems to be UTF-8 encoded.\r\n"
+    "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.";
+constexpr std::string_view kSeemsAnsi =
+    "This file does not seem to be UTF-8 encoded.\r\n"
+    "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\nor 'No' to scan it as ANSI.";
 
-// "Café café naïve" in UTF-8 with a byte-order mark.
+// "Café café naïve" in UTF-8 with a byte-order mark; its listing read as UTF-8, and read byte by
+// byte as ANSI (C3 is the letter A tilde; A9 and AF are not letters, so the words end there).
 constexpr std::string_view kUtf8WithBom = "\xEF\xBB\xBF" "Caf\xC3\xA9 caf\xC3\xA9 na\xC3\xAFve\r\n";
-// Its listing read as UTF-8, and read byte by byte as ANSI (C3 is the letter A tilde; A9 and AF
-// are not letters, so the words end there).
 const AnsiString kUtf8Listing =
     RankFreqWordListing(5, {"      1       2  caf\xE9", "      2       1  na\xEFve"});
 const AnsiString kUtf8AsAnsiListing =
@@ -52,207 +55,130 @@ std::string TextOfSize(size_t size) {
 const AnsiString kAlphaListing = RankFreqWordListing(
     5, {"      1   11377  alpha", "      2   11377  beta", "      3   11377  gamma"});
 
-size_t CountOf(std::string_view text, std::string_view part) {
-  size_t n = 0;
-  for (size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) {
-    ++n;
-  }
-  return n;
-}
-
-// Makes folder the current folder for as long as it lives.
-class CurrentFolder {
- public:
-  explicit CurrentFolder(const std::string& folder) : saved_(std::filesystem::current_path()) {
-    std::filesystem::current_path(folder);
-  }
-  ~CurrentFolder() { std::filesystem::current_path(saved_); }
-
- private:
-  std::filesystem::path saved_;
-};
-
 using RunDriverTest = WholeRunTest;
 
-TEST_F(RunDriverTest, CountsAFileListsItAndReturnsToIdle) {
+TEST_F(RunDriverTest, CountsAFileListsItAndEachRunStartsAfresh) {
   const std::string input = WriteFile("fruit.txt", kFruit);
   host.output = "text of an earlier run";
   CountFile(input);
-
   EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(host.output, RankFreqWordListing(6, kFruitLines));
-  EXPECT_TRUE(ctx.run.blnWordsGot);
-  EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 6);
+  EXPECT_EQ(host.output, kFruitListing);
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 0s");  // done within a second
   EXPECT_EQ(host.Caption(Control::Twirler), " ");
   ExpectIdle();
-
-  // Counting under "Stop", listing under the busy caption, idle at the end.
+  // Counting under "Stop", listing under the busy caption.
   const auto& captions = host.captionHistory[Control::CountButton];
   const auto stop = std::find(captions.begin(), captions.end(), texts::kStop);
-  const auto busy = std::find(stop, captions.end(), texts::kCountButtonBusy);
-  EXPECT_NE(stop, captions.end());
-  EXPECT_NE(busy, captions.end());
-
+  EXPECT_NE(std::find(stop, captions.end(), texts::kCountButtonBusy), captions.end());
   // The progress texts of the listing phase, in order, after the input was read.
-  const std::vector<AnsiString> phases = {
-      "Now processing input file ...", AnsiString(texts::kMarkingWords) + " ...",
-      AnsiString(texts::kRankingWords) + " ...", AnsiString(texts::kPreparingListing) + " ..."};
   auto at = host.outputHistory.begin();
-  for (const auto& phase : phases) {
+  for (const AnsiString& phase :
+       {AnsiString("Now processing input file ..."), AnsiString(texts::kMarkingWords) + " ...",
+        AnsiString(texts::kRankingWords) + " ...", AnsiString(texts::kPreparingListing) + " ..."}) {
     at = std::find(at, host.outputHistory.end(), phase);
     EXPECT_NE(at, host.outputHistory.end()) << phase;
   }
-}
 
-TEST_F(RunDriverTest, EachRunStartsAfresh) {
-  const std::string input = WriteFile("fruit.txt", kFruit);
-  CountFile(input);
-  // Left-overs of the last run: a Stop that came too late, a wider minimum column.
+  // Left-overs of the last run (a Stop that came too late, a wider minimum column) do not
+  // matter; blanks around the name are removed and the name is written back.
   ctx.run.blnStop = true;
   ctx.run.intMinWidth = 9;
-  CountFile(input);
-
-  EXPECT_EQ(host.output, RankFreqWordListing(6, kFruitLines));
+  settings.txbFile[0] = "  " + input + "   ";
+  DoIt(ctx);
+  EXPECT_TRUE(host.messages.empty());
+  EXPECT_EQ(settings.txbFile[0], input);
+  EXPECT_EQ(host.output, kFruitListing);
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 6);
   EXPECT_TRUE(ctx.run.blnWordsGot);
-  EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(RunDriverTest, InputFileNotSpecified) {
   settings.txbFile[0] = "   ";
   host.output = "text of an earlier run";
   DoIt(ctx);
-
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, texts::kInputFileNotSpecifiedTitle);
-  EXPECT_EQ(host.messages[0].text, "Input file not specified.");
-  EXPECT_EQ(host.messages[0].icon, MessageIcon::Exclamation);
-  EXPECT_EQ(host.messages[0].buttons, MessageButtons::Ok);
+  ExpectOneMessage(texts::kInputFileNotSpecifiedTitle, "Input file not specified.", kOk, kWarning);
   EXPECT_EQ(host.output, "");
   EXPECT_EQ(settings.txbFile[0], "");
-  EXPECT_FALSE(ctx.run.blnWordsGot);
-  ExpectIdle();
-
-  // Blanks around a name are removed, and the name is written back.
-  const std::string input = WriteFile("fruit.txt", kFruit);
-  host.messages.clear();
-  settings.txbFile[0] = "  " + input + "   ";
-  DoIt(ctx);
-  EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(settings.txbFile[0], input);
-  EXPECT_EQ(host.output, RankFreqWordListing(6, kFruitLines));
+  ExpectRefused();
 }
 
-TEST_F(RunDriverTest, OutputFileNamingTheInputFileIsRefusedBeforeCounting) {
-  const std::string input = WriteFile("book.txt", kFruit);
+TEST_F(RunDriverTest, OutputFileNamingTheInputOrADocxIsRefusedBeforeCounting) {
+  const std::string input = WriteFile("book.txt", TextOfSize(204801));
+  const std::string docx = WriteFile("list.docx", "a document of the user");
   std::filesystem::create_directory(PathOf("sub"));
   std::filesystem::create_symlink(input, PathOf("link.txt"));
-  const CurrentFolder here(folder.Path());
-
-  for (const std::string& output :
-       {input, std::string("book.txt"), std::string("./sub/../book.txt"), PathOf("link.txt")}) {
-    SCOPED_TRACE(output);
-    host.messages.clear();
-    settings.txbFile[1] = output;
-    CountFile(input);
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].text, kSameFile);
-    EXPECT_EQ(host.messages[0].icon, MessageIcon::Exclamation);
-    EXPECT_EQ(ReadFile(input), kFruit);
-    EXPECT_EQ(ctx.store.lngNumWords(), 0);
-    EXPECT_FALSE(ctx.run.blnWordsGot);
-    ExpectIdle();
-  }
-}
-
-TEST_F(RunDriverTest, DocxOutputFileIsRefused) {
-  const std::string input = WriteFile("fruit.txt", kFruit);
-  settings.txbFile[1] = WriteFile("list.docx", "a document of the user");
-  CountFile(input);
-
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].text, kDocxOutput);
-  EXPECT_EQ(ReadFile(settings.txbFile[1]), "a document of the user");
-  EXPECT_EQ(ctx.store.lngNumWords(), 0);
-  EXPECT_FALSE(ctx.run.blnWordsGot);
-  ExpectIdle();
-}
-
-TEST_F(RunDriverTest, OutputFileIsReplacedOnlyByAListing) {
-  const std::string input = WriteFile("cafe.txt", kUtf8WithBom);
-  settings.txbFile[1] = WriteFile("list.txt", "the user's earlier list");
-
-  host.answers = {Answer::Cancel};  // to the UTF-8 question: the run is abandoned
-  CountFile(input);
-  EXPECT_EQ(ReadFile(settings.txbFile[1]), "the user's earlier list");
-
-  host.answers = {Answer::Yes};
-  CountFile(input);
-  EXPECT_EQ(host.output, kUtf8Listing);
-  EXPECT_EQ(ReadFile(settings.txbFile[1]), AnsiString(kNoteSpaces) + kUtf8Listing);
-}
-
-TEST_F(RunDriverTest, AFileThatSeemsUtf8IsAskedAbout) {
-  const std::string input = WriteFile("cafe.txt", kUtf8WithBom);
+  const std::filesystem::path saved = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Path());
   struct Case {
+    std::string output;
+    bool chosenAfterLargeQuestion;
+    std::string_view refusal;
+  };
+  for (const Case& c : {Case{input, false, kSameFile}, Case{"book.txt", false, kSameFile},
+                        Case{"./sub/../book.txt", false, kSameFile},
+                        Case{PathOf("link.txt"), false, kSameFile}, Case{docx, false, kDocxOutput},
+                        Case{input, true, kSameFile}, Case{docx, true, kDocxOutput}}) {
+    SCOPED_TRACE(c.output + (c.chosenAfterLargeQuestion ? " chosen" : ""));
+    host.messages.clear();
+    settings.txbFile[1] = c.chosenAfterLargeQuestion ? "" : c.output;
+    host.answers = {Answer::Yes};
+    host.chosenFiles = {c.output};
+    CountFile(input);
+    ASSERT_EQ(host.messages.size(), c.chosenAfterLargeQuestion ? 2u : 1u);
+    if (c.chosenAfterLargeQuestion) {
+      EXPECT_EQ(host.messages[0].title, "Large input file");
+    }
+    EXPECT_EQ(host.messages.back().text, c.refusal);
+    EXPECT_EQ(host.messages.back().icon, kWarning);
+    ExpectRefused();
+  }
+  std::filesystem::current_path(saved);
+  EXPECT_EQ(ReadFile(input), TextOfSize(204801));
+  EXPECT_EQ(ReadFile(docx), "a document of the user");
+}
+
+TEST_F(RunDriverTest, EncodingQuestionAndTheOutputFileReplacedOnlyByAListing) {
+  const std::string utf8 = WriteFile("cafe.txt", kUtf8WithBom);
+  const std::string ansi = WriteFile("ansi.txt", "Caf\xE9 caf\xE9\r\n");
+  const AnsiString ansiListing = RankFreqWordListing(4, {"      1       2  caf\xE9"});
+  struct Case {
+    std::string input;
+    int chkUTF8;
     Answer answer;
+    std::string_view question;
     int chkUTF8After;
     AnsiString listing;
   };
-  for (const Case& c : {Case{Answer::Yes, 1, kUtf8Listing}, Case{Answer::No, 0, kUtf8AsAnsiListing},
-                        Case{Answer::Cancel, 0, ""}}) {
-    SCOPED_TRACE(static_cast<int>(c.answer));
-    settings.chkUTF8 = 0;
+  for (const Case& c : {Case{utf8, 0, Answer::Yes, kSeemsUtf8, 1, kUtf8Listing},
+                        Case{utf8, 0, Answer::No, kSeemsUtf8, 0, kUtf8AsAnsiListing},
+                        Case{utf8, 0, Answer::Cancel, kSeemsUtf8, 0, ""},
+                        Case{utf8, 1, Answer::Ok, "", 1, kUtf8Listing},  // nothing to ask
+                        // The byte E9 is the same letter either way.
+                        Case{ansi, 1, Answer::Yes, kSeemsAnsi, 1, ansiListing},
+                        Case{ansi, 1, Answer::No, kSeemsAnsi, 0, ansiListing}}) {
+    SCOPED_TRACE(c.input + " " + std::to_string(static_cast<int>(c.answer)));
+    settings.chkUTF8 = c.chkUTF8;
+    settings.txbFile[1] = WriteFile("list.txt", "the user's earlier list");
     host.messages.clear();
     host.output = "text of an earlier run";
     host.answers = {c.answer};
-    CountFile(input);
-
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].title, "UTF-8 or ANSI file?");
-    EXPECT_EQ(host.messages[0].text,
-              "This file seems to be UTF-8 encoded.\r\n"
-              "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.");
-    EXPECT_EQ(host.messages[0].buttons, MessageButtons::YesNoCancel);
+    CountFile(c.input);
+    if (c.question.empty()) {
+      EXPECT_TRUE(host.messages.empty());
+    } else {
+      ExpectOneMessage("UTF-8 or ANSI file?", c.question, MessageButtons::YesNoCancel);
+    }
     EXPECT_EQ(settings.chkUTF8, c.chkUTF8After);
     EXPECT_EQ(host.output, c.listing);
-    EXPECT_EQ(ctx.run.blnWordsGot, c.answer != Answer::Cancel);
+    EXPECT_EQ(ReadFile(settings.txbFile[1]),
+              c.listing.empty() ? "the user's earlier list" : AnsiString(kNoteSpaces) + c.listing);
+    EXPECT_EQ(ctx.run.blnWordsGot, !c.listing.empty());
     ExpectIdle();
-  }
-
-  // When the box already says UTF-8 there is nothing to ask.
-  host.messages.clear();
-  settings.chkUTF8 = 1;
-  CountFile(input);
-  EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(host.output, kUtf8Listing);
-}
-
-TEST_F(RunDriverTest, AnAnsiFileIsAskedAboutWhenTheBoxSaysUtf8) {
-  const std::string input = WriteFile("cafe.txt", "Caf\xE9 caf\xE9\r\n");
-  const AnsiString listing = RankFreqWordListing(4, {"      1       2  caf\xE9"});
-  for (const Answer answer : {Answer::Yes, Answer::No}) {
-    settings.chkUTF8 = 1;
-    host.messages.clear();
-    host.answers = {answer};
-    CountFile(input);
-
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].title, "UTF-8 or ANSI file?");
-    EXPECT_EQ(host.messages[0].text,
-              "This file does not seem to be UTF-8 encoded.\r\n"
-              "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\n"
-              "or 'No' to scan it as ANSI.");
-    EXPECT_EQ(host.messages[0].buttons, MessageButtons::YesNoCancel);
-    EXPECT_EQ(settings.chkUTF8, answer == Answer::Yes ? 1 : 0);
-    EXPECT_EQ(host.output, listing);  // the byte E9 is the same letter either way
   }
 }
 
 TEST_F(RunDriverTest, LargeInputFileQuestion) {
-  // 204800 bytes are not large.
-  CountFile(WriteFile("limit.txt", TextOfSize(204800)));
+  CountFile(WriteFile("limit.txt", TextOfSize(204800)));  // not large
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(host.output, kAlphaListing);
 
@@ -274,21 +200,20 @@ TEST_F(RunDriverTest, LargeInputFileQuestion) {
     host.answers = {c.answer};
     host.chosenFiles = c.chosen;
     ctx.run.lngSecondsElapsed = 0;
-    bool clockRanWhileAsked = true, timeShownWhileAsked = true;
+    bool clockRanWhileAsked = true, timeShownWhileAsked = true, clockRanWhileCounting = false;
     host.onMessage = [&](const MessageBoxRequest&) {
       clockRanWhileAsked = ctx.run.blnElapsedTimeRunning;
       timeShownWhileAsked = host.Visible(Control::TimeElapsed);
       TimerTick(ctx);  // seconds that pass while the user thinks
       TimerTick(ctx);
     };
-    bool clockRanWhileCounting = false;
     host.onProcessEvents = [&] { clockRanWhileCounting = ctx.run.blnElapsedTimeRunning; };
     CountFile(input);
-
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].title, "Large input file");
-    EXPECT_EQ(host.messages[0].text, kLargeQuestion);
-    EXPECT_EQ(host.messages[0].buttons, MessageButtons::YesNoCancel);
+    ExpectOneMessage("Large input file",
+                     "The input file is quite large.  It is advisable to specify an output file "
+                     "\r\nbefore continuing, in case the text window will not hold the result. "
+                     "\r\nDo you wish to specify an output file?",
+                     MessageButtons::YesNoCancel);
     EXPECT_FALSE(clockRanWhileAsked);
     EXPECT_FALSE(timeShownWhileAsked);
     EXPECT_EQ(ctx.run.lngSecondsElapsed, 0);
@@ -313,108 +238,54 @@ TEST_F(RunDriverTest, LargeInputFileQuestion) {
   EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(RunDriverTest, OutputFileChosenForALargeInputIsCheckedAgain) {
-  const std::string input = WriteFile("large.txt", TextOfSize(204801));
-  struct Case {
-    AnsiString chosen;
-    std::string_view refusal;
-  };
-  for (const Case& c : {Case{input, kSameFile}, Case{PathOf("list.docx"), kDocxOutput}}) {
-    SCOPED_TRACE(c.chosen);
-    settings.txbFile[1] = "";
-    host.messages.clear();
-    host.answers = {Answer::Yes};
-    host.chosenFiles = {c.chosen};
-    CountFile(input);
-    ASSERT_EQ(host.messages.size(), 2u);
-    EXPECT_EQ(host.messages[0].title, "Large input file");
-    EXPECT_EQ(host.messages[1].text, c.refusal);
-    EXPECT_EQ(ctx.store.lngNumWords(), 0);
-    EXPECT_FALSE(ctx.run.blnWordsGot);
-    ExpectIdle();
-  }
-  EXPECT_EQ(ReadFile(input), TextOfSize(204801));
-}
-
 TEST_F(RunDriverTest, ErrorReportStopsTheClockFirst) {
   host.timerRunning = true;
   ctx.run.blnElapsedTimeRunning = true;
-  bool timerRanAtReport = true, clockRanAtReport = true;
   host.onMessage = [&](const MessageBoxRequest&) {
-    timerRanAtReport = host.timerRunning;
-    clockRanAtReport = ctx.run.blnElapsedTimeRunning;
+    EXPECT_FALSE(host.timerRunning);
+    EXPECT_FALSE(ctx.run.blnElapsedTimeRunning);
   };
   ReportError(ctx, 53, "File not found", "Something went wrong.\r\n", "DoItFromFile");
-
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, texts::kErrorReportTitle);
-  EXPECT_EQ(host.messages[0].text,
-            "Something went wrong.\r\nAt DoItFromFile error #53.\r\nDescription: File not found");
-  EXPECT_EQ(host.messages[0].icon, MessageIcon::Exclamation);
-  EXPECT_EQ(host.messages[0].buttons, MessageButtons::Ok);
-  EXPECT_FALSE(timerRanAtReport);
-  EXPECT_FALSE(clockRanAtReport);
+  ExpectOneMessage(texts::kErrorReportTitle,
+                   "Something went wrong.\r\nAt DoItFromFile error #53.\r\nDescription: File not found",
+                   kOk, kWarning);
 }
 
-TEST_F(RunDriverTest, OutputFileThatCannotBeOpenedIsError70) {
+TEST_F(RunDriverTest, OutputFileErrors) {
   const std::string input = WriteFile("large.txt", TextOfSize(60000));
-  const AnsiString expectedStart = AnsiString(texts::kErrorReportPrefix) +
-                                   "At DoIt error #70.\r\nDescription: ";
-
+  const AnsiString start = AnsiString(texts::kErrorReportPrefix) + "At DoIt error #";
   // A folder stands where the output file should go: the probe refuses it before counting.
-  const std::string taken = PathOf("taken.txt");
-  std::filesystem::create_directory(taken);
-  settings.txbFile[1] = taken;
+  std::filesystem::create_directory(PathOf("taken.txt"));
+  settings.txbFile[1] = PathOf("taken.txt");
   CountFile(input);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, texts::kErrorReportTitle);
-  EXPECT_TRUE(StartsWith(host.messages[0].text, expectedStart)) << host.messages[0].text;
-  EXPECT_GT(host.messages[0].text.size(), expectedStart.size());  // with a description
+  ExpectOneMessage(texts::kErrorReportTitle, start + "70.\r\nDescription: ", kOk, kWarning, false);
+  EXPECT_GT(host.messages[0].text.size(), start.size() + 18);  // with a description
   EXPECT_TRUE(StartsWith(host.output, "Error: "));
   EXPECT_TRUE(EndsWith(host.output, kExcelLines)) << host.output;
-  EXPECT_EQ(ctx.store.lngNumWords(), 0);
-  ExpectIdle();
+  ExpectRefused();
 
   // The output file is taken away while the words are counted: the listing cannot write it.
   host.messages.clear();
-  const std::string output = PathOf("list.txt");
-  settings.txbFile[1] = output;
-  bool timerRanAtReport = true;
-  host.onMessage = [&](const MessageBoxRequest&) { timerRanAtReport = host.timerRunning; };
-  host.onProcessEvents = [&] { std::filesystem::create_directories(output); };
+  settings.txbFile[1] = PathOf("list.txt");
+  host.onMessage = [&](const MessageBoxRequest&) { EXPECT_FALSE(host.timerRunning); };
+  host.onProcessEvents = [&] { std::filesystem::create_directories(PathOf("list.txt")); };
   CountFile(input);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_TRUE(StartsWith(host.messages[0].text, expectedStart)) << host.messages[0].text;
-  EXPECT_FALSE(timerRanAtReport);
+  ExpectOneMessage(texts::kErrorReportTitle, start + "70.\r\nDescription: ", kOk, kWarning, false);
   EXPECT_TRUE(StartsWith(host.output, "Error: "));
   EXPECT_TRUE(EndsWith(host.output, kExcelLines)) << host.output;
   ExpectIdle();
-}
 
-TEST_F(RunDriverTest, OutputFolderThatDoesNotExistIsAnErrorOtherThan70) {
-  const std::string input = WriteFile("fruit.txt", kFruit);
-  settings.txbFile[1] = PathOf("nowhere/list.txt");
+  // A folder that does not exist is another error, without the lines about Excel.
+  host.messages.clear();
+  host.onProcessEvents = nullptr;
   host.output = "text of an earlier run";
+  settings.txbFile[1] = PathOf("nowhere/list.txt");
   CountFile(input);
-
-  ASSERT_EQ(host.messages.size(), 1u);
-  const AnsiString& text = host.messages[0].text;
-  const AnsiString start = AnsiString(texts::kErrorReportPrefix) + "At DoIt error #";
-  EXPECT_TRUE(StartsWith(text, start)) << text;
-  EXPECT_EQ(text.find("#70."), AnsiString::npos);
-  EXPECT_NE(text.find(".\r\nDescription: "), AnsiString::npos);
+  ExpectOneMessage(texts::kErrorReportTitle, start, kOk, kWarning, false);
+  EXPECT_EQ(host.messages[0].text.find("#70."), AnsiString::npos);
+  EXPECT_NE(host.messages[0].text.find(".\r\nDescription: "), AnsiString::npos);
   EXPECT_EQ(host.output.find("Excel"), AnsiString::npos);
   EXPECT_FALSE(std::filesystem::exists(PathOf("nowhere")));
-  ExpectIdle();
-}
-
-TEST_F(RunDriverTest, MissingDocxIsReportedByTheFileSource) {
-  CountFile(PathOf("gone.docx"));
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, texts::kErrorReportTitle);
-  EXPECT_TRUE(StartsWith(host.messages[0].text,
-                         AnsiString(texts::kErrorReportPrefix) + "At DoItFromFile error #53.\r\n"));
-  EXPECT_FALSE(ctx.run.blnWordsGot);
   ExpectIdle();
 }
 
@@ -427,32 +298,29 @@ TEST_F(RunDriverTest, TextboxOverflowIsReportedAsError6) {
     AnsiString outputFile;
     int disableOutput;
     std::string_view procedure;
-    bool fileWritten;
   };
-  for (const Case& c : {Case{1, "", 0, "ListWordsAlphabetically A", false},
-                        Case{0, output, 0, "ListWordsByFrequency A", true},
-                        Case{1, output, 1, "ListWordsAlphabetically A", false}}) {
+  for (const Case& c : {Case{1, "", 0, "ListWordsAlphabetically A"},
+                        Case{0, output, 0, "ListWordsByFrequency A"},
+                        Case{1, output, 1, "ListWordsAlphabetically A"}}) {
     SCOPED_TRACE(c.procedure);
+    const bool fileWritten = !c.outputFile.empty() && !c.disableOutput;
     std::filesystem::remove(output);
     host.messages.clear();
     settings.cboWordOrder = c.order;
     settings.txbFile[1] = c.outputFile;
     settings.chkDisableOutputToFile = c.disableOutput;
     CountFile(input);
-
-    ASSERT_EQ(host.messages.size(), 1u);
-    const MessageBoxRequest& report = host.messages[0];
-    EXPECT_EQ(report.title, texts::kErrorReportTitle);
-    EXPECT_EQ(report.icon, MessageIcon::Exclamation);
-    EXPECT_NE(report.text.find(c.procedure), AnsiString::npos) << report.text;
+    ExpectOneMessage(texts::kErrorReportTitle, "", kOk, kWarning, false);
+    const AnsiString& report = host.messages[0].text;
+    EXPECT_NE(report.find(c.procedure), AnsiString::npos) << report;
     // The explanation names the output file when the whole list went there.
-    EXPECT_EQ(report.text.find(output) != AnsiString::npos, c.fileWritten) << report.text;
+    EXPECT_EQ(report.find(output) != AnsiString::npos, fileWritten) << report;
     EXPECT_LE(host.output.size(), 65000u);
     EXPECT_TRUE(StartsWith(host.output, "   Rank    Freq  Word (longest has 5 characters)\r\n"));
-    EXPECT_EQ(std::filesystem::exists(output), c.fileWritten);
-    if (c.fileWritten) {
+    EXPECT_EQ(std::filesystem::exists(output), fileWritten);
+    if (fileWritten) {
       const std::string file = ReadFile(output);
-      EXPECT_EQ(CountOf(file, "\r\n"), 2u + 1u + 4000u);  // note, header, words
+      EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 2 + 1 + 4000);  // note, header, words
       EXPECT_TRUE(EndsWith(file, "   4000       1  kafxv\r\n"));  // the last word, kafxv
     }
     ExpectIdle();
@@ -460,27 +328,22 @@ TEST_F(RunDriverTest, TextboxOverflowIsReportedAsError6) {
 }
 
 TEST_F(RunDriverTest, IncompatibleSettingsRefuseTheRun) {
-  const std::string input = WriteFile("fruit.txt", kFruit);
   settings.chkUTF8 = 1;
   settings.chkOnly7bitASCII = 1;
   host.output = "text of an earlier run";
-  CountFile(input);
-
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, "Incompatible setting");
-  EXPECT_TRUE(StartsWith(host.messages[0].text, "Scanning as UTF-8 is not compatible with"));
-  EXPECT_EQ(host.messages[0].icon, MessageIcon::Exclamation);
+  CountFile(WriteFile("fruit.txt", kFruit));
+  ExpectOneMessage("Incompatible setting", "Scanning as UTF-8 is not compatible with", kOk,
+                   kWarning, false);
   EXPECT_EQ(host.output, "text of an earlier run");
   EXPECT_TRUE(host.captionHistory.empty());  // no clock, no Stop button
   EXPECT_EQ(ctx.store.lngNumWords(), 0);
 
-  settings.chkOnly7bitASCII = 0;
-  host.messages.clear();
-  EXPECT_TRUE(ValidateSettings(ctx));
-  settings.chkUTF8 = 0;
-  settings.chkOnly7bitASCII = 1;
-  EXPECT_TRUE(ValidateSettings(ctx));
-  EXPECT_TRUE(host.messages.empty());
+  for (int utf8 : {0, 1}) {
+    settings.chkUTF8 = utf8;
+    settings.chkOnly7bitASCII = 1 - utf8;
+    EXPECT_TRUE(ValidateSettings(ctx));
+  }
+  EXPECT_EQ(host.messages.size(), 1u);
 }
 
 TEST_F(RunDriverTest, DocxInput) {
@@ -489,7 +352,8 @@ TEST_F(RunDriverTest, DocxInput) {
   settings.chkIgnoreInfrequentWords = 1;
   settings.cboThresholdFrequency = 2;  // fewer than 4 occurrences are not listed
   settings.cboWordOrder = 0;
-  CountFile(std::string(WORDTALLY_TEST_DATA) + "/en_tika_testWORD.docx");
+  const std::string sample = std::string(WORDTALLY_TEST_DATA) + "/en_tika_testWORD.docx";
+  CountFile(sample);
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(host.output, RankFreqWordListing(7, {"      1       7  this", "      2       6  the",
                                                  "      3       5  heading",
@@ -497,17 +361,22 @@ TEST_F(RunDriverTest, DocxInput) {
                                                  "      5       4  table"}));
 
   // A docx whose document part is damaged.
-  std::string damaged = ReadFile(std::string(WORDTALLY_TEST_DATA) + "/en_tika_testWORD.docx");
+  std::string damaged = ReadFile(sample);
   const size_t part = damaged.find("word/document.xml");
   ASSERT_NE(part, std::string::npos);
   for (size_t i = part + 40; i < part + 240; ++i) damaged[i] = static_cast<char>(~damaged[i]);
-  const std::string name = WriteFile("damaged.docx", damaged);
-  host.output = "";
-  CountFile(name);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].title, "Error");
-  EXPECT_TRUE(StartsWith(host.messages[0].text, "Invalid checksum found when processing\r\n"));
+  CountFile(WriteFile("damaged.docx", damaged));
+  ExpectOneMessage("Error", "Invalid checksum found when processing\r\n", kOk, std::nullopt, false);
   EXPECT_TRUE(EndsWith(host.messages[0].text, "damaged.docx"));
+  EXPECT_FALSE(ctx.run.blnWordsGot);
+  ExpectIdle();
+
+  // A missing docx is reported by the file source.
+  host.messages.clear();
+  CountFile(PathOf("gone.docx"));
+  ExpectOneMessage(texts::kErrorReportTitle,
+                   AnsiString(texts::kErrorReportPrefix) + "At DoItFromFile error #53.\r\n", kOk,
+                   std::nullopt, false);
   EXPECT_FALSE(ctx.run.blnWordsGot);
   ExpectIdle();
 }

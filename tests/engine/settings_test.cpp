@@ -3,14 +3,13 @@
 #include "engine/counting_settings.h"
 #include "tests/common/scripted_host.h"
 
-namespace wordtally {
+namespace wordtally::testing {
 namespace {
 
 TEST(CountingSettings, DefaultsLeaveCommonWordsAndWordsToIgnoreAlone) {
   CountingSettings s;
   s.chkCaseSignificant = 1;
-  s.chkIgnoreNoVowel = 0;
-  s.chkAllowCommentMarkers = 0;
+  s.chkIgnoreNoVowel = s.chkAllowCommentMarkers = 0;
   s.txbStartComment = {"{", "["};
   s.cboThresholdFrequency = 5;
   s.chkIgnoreCommonWords = 1;
@@ -19,11 +18,8 @@ TEST(CountingSettings, DefaultsLeaveCommonWordsAndWordsToIgnoreAlone) {
   SetDefaultValues(s);
   EXPECT_EQ(s.chkCaseSignificant, 0);
   EXPECT_EQ(s.chkIgnoreNoVowel, 1);
-  EXPECT_EQ(s.chkAllowCommentMarkers, 1);
-  EXPECT_EQ(s.txbStartComment[0], "/*");
-  EXPECT_EQ(s.txbEndComment[0], "*/");
-  EXPECT_EQ(s.txbStartComment[1], "//");
-  EXPECT_EQ(s.txbEndComment[1], "");
+  EXPECT_EQ(s.txbStartComment, (decltype(s.txbStartComment){"/*", "//"}));
+  EXPECT_EQ(s.txbEndComment, (decltype(s.txbEndComment){"*/", ""}));
   EXPECT_EQ(NumCommentMarkers(s), 2);
   EXPECT_EQ(ThresholdFrequency(s), 2);
   EXPECT_EQ(s.chkIgnoreCommonWords, 1);
@@ -35,27 +31,21 @@ TEST(CountingSettings, DefaultsLeaveCommonWordsAndWordsToIgnoreAlone) {
   EXPECT_EQ(ThresholdFrequency(s), 9);
   s.chkAllowCommentMarkers = 0;
   EXPECT_EQ(NumCommentMarkers(s), 0);
-}
 
-TEST(CountingSettings, AllowedExtraCharactersFollowTheThreeOptions) {
-  CountingSettings s;
   EXPECT_EQ(SetAllowedExtraChars(s), "-");
   s.chkAllowWordsWithHyphens = 0;
   EXPECT_EQ(SetAllowedExtraChars(s), "");
   s.chkAllowWordsWithHyphens = s.chkAllowWordsWithApostrophes = s.chkAllowWordsWithNumerals = 1;
   EXPECT_EQ(SetAllowedExtraChars(s), "-'\x91" "0123456789");
-  EXPECT_EQ(kLetterSet.size(), 119u);
 }
 
-TEST(CountingSettings, WordsToIgnoreAreTidiedAndPrepared) {
-  testing::ScriptedHost host;
+TEST(CountingSettings, WordsToIgnoreAreTidiedAndChecked) {
+  ScriptedHost host;
   CountingSettings s;
   s.txbWordsToIgnore = "  The, of  AND ";
   txbWordsToIgnore_LostFocus(s, host);
   EXPECT_EQ(s.txbWordsToIgnore, "and of the");
   EXPECT_EQ(s.strWordsToIgnore, " and of the ");
-  EXPECT_TRUE(host.messages.empty());
-
   s.txbWordsToIgnore = "   ";
   txbWordsToIgnore_LostFocus(s, host);
   EXPECT_EQ(s.strWordsToIgnore, "");
@@ -63,41 +53,31 @@ TEST(CountingSettings, WordsToIgnoreAreTidiedAndPrepared) {
   s.txbWordsToIgnore = "\xC9T\xC9 \x8A" "A";
   txbWordsToIgnore_LostFocus(s, host);
   EXPECT_EQ(s.txbWordsToIgnore, "\xE9t\xE9 \x9A" "a");
-}
+  EXPECT_EQ(LowerCaseLatin1("\x8A\xC9\xC6\x8C\xDEZ\x9F"), "\x9A\xE9\xE6\x9C\xFEz\xFF");
+  EXPECT_TRUE(host.messages.empty());
 
-TEST(CountingSettings, WarnsAboutCharactersThatCannotOccurInAWord) {
-  testing::ScriptedHost host;
-  CountingSettings s;
   s.txbWordsToIgnore = "don't";
   txbWordsToIgnore_LostFocus(s, host);
   ASSERT_EQ(host.messages.size(), 1u);
   EXPECT_EQ(host.messages[0].title, "Character not allowed");
   EXPECT_EQ(host.messages[0].icon, MessageIcon::Exclamation);
-  EXPECT_EQ(host.messages[0].text,
-            "The character ' occurs in some word to ignore\r\n"
-            "but is not currently set as a character allowed in a word.");
+  const AnsiString notSet = " occurs in some word to ignore\r\n"
+                            "but is not currently set as a character allowed in a word.";
+  EXPECT_EQ(host.messages[0].text, "The character '" + notSet);
 
   s.chkAllowWordsWithApostrophes = 1;
   EXPECT_TRUE(CheckAllowedExtraChars(s, host));
-
   s.txbWordsToIgnore = "semi;colon";
   EXPECT_FALSE(CheckAllowedExtraChars(s, host));
   EXPECT_EQ(host.messages.back().text,
             "The character ; occurs in some word to ignore\r\n"
             "but is not a character allowed in a word.");
-
   s.txbWordsToIgnore = "a,b";  // not tidied: the comma reaches the check
   EXPECT_FALSE(CheckAllowedExtraChars(s, host));
   EXPECT_EQ(host.messages.back().text,
-            "The character , occurs in some word to ignore\r\n"
-            "but is not currently set as a character allowed in a word.\r\n\r\n"
-            "Words-to-ignore must be separated by a space, not by a comma.");
-}
-
-TEST(CountingSettings, LowerCaseLatin1LowersEveryCapitalOfTheCodePage) {
-  EXPECT_EQ(LowerCaseLatin1("\x8A\xC9\xC6"), "\x9A\xE9\xE6");
-  EXPECT_EQ(LowerCaseLatin1("\x8C\xDEZ\x9F"), "\x9C\xFEz\xFF");
+            "The character ," + notSet +
+                "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.");
 }
 
 }  // namespace
-}  // namespace wordtally
+}  // namespace wordtally::testing

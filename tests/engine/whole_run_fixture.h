@@ -1,9 +1,10 @@
 #pragma once
-// Whole counting runs driven headless: a scripted host that also lets a test look at the run at
-// the moment a message box appears, default settings, and input files in a fresh folder.
+// The engine driven headless: a scripted host that also lets a test look at the run at the moment
+// a message box appears, default settings, and files in a fresh folder.
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,17 +30,23 @@ class WatchingHost : public ScriptedHost {
     ScriptedHost::SetOutputText(text);
   }
   void SetPastedText(const std::u16string& text) override {
-    if (onPaste) onPaste();
+    if (onPaste) onPaste();  // may throw, as a failing paste does
     pasted.push_back(text);
   }
 
-  // Called as each message box is shown, before it is answered.
-  std::function<void(const MessageBoxRequest&)> onMessage;
-  // Called as text is pasted into the large text box (may throw, as a failing paste does).
+  std::function<void(const MessageBoxRequest&)> onMessage;  // before the box is answered
   std::function<void()> onPaste;
   std::vector<AnsiString> outputHistory;  // every text the output textbox was set to
   std::vector<std::u16string> pasted;
 };
+
+inline bool StartsWith(std::string_view text, std::string_view start) {
+  return text.substr(0, start.size()) == start;
+}
+
+inline bool EndsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
 
 class WholeRunTest : public ::testing::Test {
  protected:
@@ -70,6 +77,20 @@ class WholeRunTest : public ::testing::Test {
     DoIt(ctx);
   }
 
+  // Exactly one message box was shown; text_start is its text or, with whole false, the text's
+  // beginning. The icon is checked when given.
+  void ExpectOneMessage(std::string_view title, std::string_view text_start, MessageButtons buttons,
+                        std::optional<MessageIcon> icon = std::nullopt, bool whole = true) const {
+    ASSERT_EQ(host.messages.size(), 1u);
+    const MessageBoxRequest& m = host.messages[0];
+    EXPECT_EQ(m.title, title);
+    EXPECT_TRUE(whole ? m.text == text_start : StartsWith(m.text, text_start)) << m.text;
+    EXPECT_EQ(m.buttons, buttons);
+    if (icon) {
+      EXPECT_EQ(m.icon, *icon);
+    }
+  }
+
   // The message boxes shown with this title.
   std::vector<MessageBoxRequest> MessagesTitled(std::string_view title) const {
     std::vector<MessageBoxRequest> found;
@@ -87,6 +108,13 @@ class WholeRunTest : public ::testing::Test {
     EXPECT_FALSE(ctx.run.blnElapsedTimeRunning);
   }
 
+  // Nothing was counted and the window is idle again.
+  void ExpectRefused() const {
+    EXPECT_EQ(ctx.store.lngNumWords(), 0);
+    EXPECT_FALSE(ctx.run.blnWordsGot);
+    ExpectIdle();
+  }
+
   TemporaryFolder folder;
   WatchingHost host;
   CountingSettings settings;
@@ -98,20 +126,16 @@ inline std::string DistinctWords(int count, int first = 0) {
   std::string text;
   for (int i = first; i < first + count; ++i) {
     text += "ka";
-    text += static_cast<char>('a' + i / 676);
-    text += static_cast<char>('a' + i / 26 % 26);
-    text += static_cast<char>('a' + i % 26);
+    for (int d : {i / 676, i / 26 % 26, i % 26}) text += static_cast<char>('a' + d);
     text += "\r\n";
   }
   return text;
 }
 
-inline bool StartsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
-
-inline bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+inline std::string Repeated(std::string_view piece, int times) {
+  std::string text;
+  for (int i = 0; i < times; ++i) text += piece;
+  return text;
 }
 
 // "   Rank    Freq  Word (longest has N characters)" and one line per word, each ended by CR LF:

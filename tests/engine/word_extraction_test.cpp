@@ -5,10 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_context.h"
-#include "tests/common/scripted_host.h"
+#include "tests/engine/whole_run_fixture.h"
 
-namespace wordtally {
+namespace wordtally::testing {
 namespace {
 
 using Counts = std::map<AnsiString, int32_t>;
@@ -29,7 +28,6 @@ TEST(WordCharTest, LettersDigitsAndExtraCharacters) {
 
 TEST(ScanWordCharsTest, CountsTheRunAndDescribesItsEnd) {
   const WordCharRun semicolon = ScanWordChars("abc;def", 1, false, "");
-  EXPECT_EQ(semicolon.length, 3);
   EXPECT_TRUE(semicolon.endsAtSemicolon);
   EXPECT_FALSE(semicolon.endsAtComma);
   EXPECT_TRUE(ScanWordChars("x abc.", 3, false, "").endsAtFullStop);
@@ -37,36 +35,34 @@ TEST(ScanWordCharsTest, CountsTheRunAndDescribesItsEnd) {
   EXPECT_TRUE(ScanWordChars("ab\t", 1, false, "").endsAtTab);
   EXPECT_TRUE(ScanWordChars("ab'", 1, false, "").endsAtApostrophe);
   EXPECT_TRUE(ScanWordChars("ab,", 1, false, "").endsAtComma);
-  EXPECT_EQ(ScanWordChars("ab'c", 1, false, "'").length, 4);
-
   const WordCharRun atEnd = ScanWordChars("abc", 1, false, "");
-  EXPECT_EQ(atEnd.length, 3);
   EXPECT_FALSE(atEnd.endsAtSemicolon || atEnd.endsAtFullStop || atEnd.endsAtDoubleQuote ||
                atEnd.endsAtTab || atEnd.endsAtApostrophe || atEnd.endsAtComma);
-  EXPECT_EQ(ScanWordChars(" abc", 1, false, "").length, 0);
-  EXPECT_EQ(ScanWordChars(std::string(70000, 'a'), 1, false, "").length, 65000);
-  EXPECT_EQ(ScanWordChars(std::string(70000, 'a'), 65001, false, "").length, 5000);
 
   // Long runs of letters with other word characters, and ends, on either side of 8-byte steps.
   const std::string mixed = "abcdefghij-klmnop\xE9qrs tuv";  // 10 + 1 + 6 + 1 + 3 characters
-  EXPECT_EQ(ScanWordChars(mixed, 1, false, "-").length, 21);
-  EXPECT_EQ(ScanWordChars(mixed, 1, false, "").length, 10);
-  EXPECT_EQ(ScanWordChars(mixed, 12, false, "").length, 10);
-  EXPECT_EQ(ScanWordChars("ABCDEFGH[abc", 1, false, "").length, 8);
-  EXPECT_EQ(ScanWordChars("abcdefg@bc", 1, false, "").length, 7);
-  EXPECT_EQ(ScanWordChars("abcdefgh\xD7ijk", 1, false, "").length, 8);  // the multiplication sign
-  EXPECT_EQ(ScanWordChars("abcdefghijklmnop`", 1, false, "").length, 16);
-  EXPECT_EQ(ScanWordChars("abcdefghijklmnopq{", 1, false, "").length, 17);
+  const std::string as(70000, 'a');
+  struct Case {
+    std::string text;
+    int32_t start;
+    const char* extra;
+    int32_t length;
+  };
+  for (const Case& c : {Case{"abc;def", 1, "", 3}, Case{"abc", 1, "", 3}, Case{"ab'c", 1, "'", 4},
+                        Case{" abc", 1, "", 0}, Case{as, 1, "", 65000}, Case{as, 65001, "", 5000},
+                        Case{mixed, 1, "-", 21}, Case{mixed, 1, "", 10}, Case{mixed, 12, "", 10},
+                        Case{"ABCDEFGH[abc", 1, "", 8}, Case{"abcdefg@bc", 1, "", 7},
+                        Case{"abcdefgh\xD7ijk", 1, "", 8},  // the multiplication sign
+                        Case{"abcdefghijklmnop`", 1, "", 16},
+                        Case{"abcdefghijklmnopq{", 1, "", 17}}) {
+    EXPECT_EQ(ScanWordChars(c.text, c.start, false, c.extra).length, c.length)
+        << c.text.substr(0, 20) << " from " << c.start;
+  }
 }
 
-TEST(ShapeTest, RepeatedCharactersAndRomanNumerals) {
-  EXPECT_TRUE(IsRepeatedChar("aaaa"));
-  EXPECT_TRUE(IsRepeatedChar("---"));
-  EXPECT_TRUE(IsRepeatedChar(" zz "));
-  EXPECT_FALSE(IsRepeatedChar(""));
-  EXPECT_FALSE(IsRepeatedChar("   "));
-  EXPECT_FALSE(IsRepeatedChar("ab"));
-
+TEST(ShapeTest, RepeatedCharactersRomanNumeralsAndCleanLines) {
+  for (const char* word : {"aaaa", "---", " zz "}) EXPECT_TRUE(IsRepeatedChar(word)) << word;
+  for (const char* word : {"", "   ", "ab"}) EXPECT_FALSE(IsRepeatedChar(word)) << word;
   for (const char* word : {"I", "i", "DIM", "MID", "LIVID", "CIVIL", "vivid", "Dill", "cat"}) {
     EXPECT_FALSE(IsRomanNumeral(word, false)) << word;
   }
@@ -76,16 +72,13 @@ TEST(ShapeTest, RepeatedCharactersAndRomanNumerals) {
   EXPECT_TRUE(IsRomanNumeral("XIV", true));
   EXPECT_FALSE(IsRomanNumeral("MCM", true));
   EXPECT_FALSE(IsRomanNumeral("LID", true));
-}
 
-TEST(CleanLineTest, ControlCharactersAndHtmlComments) {
   AnsiString line = "a\bb\tc\rd\ne\ff\xA0g";
   CleanLine(line, false);
   EXPECT_EQ(line, "ab c d e f g");
   line = "a\tb\b";
   CleanLine(line, true);
   EXPECT_EQ(line, "a\tb");
-
   line = "one<!-- two -->three <!--x--> four";
   RemoveHtmlComments(line);
   EXPECT_EQ(line, "onethree  four");
@@ -94,147 +87,108 @@ TEST(CleanLineTest, ControlCharactersAndHtmlComments) {
   EXPECT_EQ(line, "open <!-- never closed");
 }
 
-class LineWalkTest : public ::testing::Test {
+class LineWalkTest : public WholeRunTest {
  protected:
-  LineWalkTest() : ctx(host, settings) {}
-
-  // Walks the lines as the run driver hands them over (with one trailing blank).
-  void Walk(std::initializer_list<const char*> lines) {
+  // The words counted from the lines, handed over as the run driver does (with one trailing
+  // blank), into an empty store.
+  Counts Walk(std::initializer_list<const char*> lines) {
+    ctx.store.Reset();
+    ctx.run.lngTotalNumOccurrences = ctx.run.lngNumWordsIgnored = 0;
+    ctx.run.comment = {};
     LineWalker walker(ctx);
     for (const char* line : lines) {
       ctx.run.strLine = AnsiString(line) + " ";
       walker.WalkLine();
     }
-  }
-
-  Counts Words() const {
     Counts counts;
     const auto records = ctx.store.WordList();
-    for (size_t i = 1; i < records.size(); ++i) counts[records[i].Word] = records[i].Frequency;
+    for (int32_t i = 1; i <= ctx.store.lngNumWords(); ++i) {
+      counts[records[i].Word] = records[i].Frequency;
+    }
     return counts;
   }
-
-  testing::ScriptedHost host;
-  CountingSettings settings;
-  EngineContext ctx;
 };
 
-TEST_F(LineWalkTest, ShortWordsCaseFoldingAndTheTotal) {
-  Walk({"An apple of the I tree, and THE tree."});
-  EXPECT_EQ(Words(), (Counts{{"and", 1}, {"apple", 1}, {"the", 2}, {"tree", 2}}));
+TEST_F(LineWalkTest, ShortWordsCaseHyphensRomanNumeralsAndTheTotal) {
+  EXPECT_EQ(Walk({"An apple of the I tree, and THE tree."}),
+            (Counts{{"and", 1}, {"apple", 1}, {"the", 2}, {"tree", 2}}));
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 6);
-}
+  EXPECT_EQ(Walk({"well-known -known known- --- aaa XIV mix Livid \x8Cuvre"}),
+            (Counts{{"known", 2}, {"livid", 1}, {"uvre", 1}, {"well-known", 1}}));
+  EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 5);
 
-TEST_F(LineWalkTest, CaseKeptWhenSignificantAndPluralsAfterFolding) {
   settings.chkCaseSignificant = 1;
-  Walk({"The the THE"});
-  EXPECT_EQ(Words(), (Counts{{"THE", 1}, {"The", 1}, {"the", 1}}));
-
-  ctx.store.Reset();
+  EXPECT_EQ(Walk({"The the THE"}), (Counts{{"THE", 1}, {"The", 1}, {"the", 1}}));
   settings.chkCaseSignificant = 0;
-  settings.chkDropFinalS = 1;
-  Walk({"MICE Cities"});
-  EXPECT_EQ(Words(), (Counts{{"city", 1}, {"mouse", 1}}));
+  settings.chkDropFinalS = 1;  // plurals after folding
+  EXPECT_EQ(Walk({"MICE Cities"}), (Counts{{"city", 1}, {"mouse", 1}}));
 }
 
-TEST_F(LineWalkTest, Apostrophes) {
+TEST_F(LineWalkTest, ApostrophesAndNumerals) {
   settings.chkAllowWordsWithApostrophes = 1;
   // The typographic apostrophe, unlike "'", may begin a word.
-  Walk({"'tis don't \x91quote\x92"});
-  EXPECT_EQ(Words(), (Counts{{"don't", 1}, {"tis", 1}, {"\x91quote", 1}}));
-
-  ctx.store.Reset();
+  EXPECT_EQ(Walk({"'tis don't \x91quote\x92"}),
+            (Counts{{"don't", 1}, {"tis", 1}, {"\x91quote", 1}}));
   settings.chkAllowWordsWithApostrophes = 0;
-  Walk({"don't wasn't couldn't"});
-  EXPECT_EQ(Words(), (Counts{{"don", 1}}));
-}
+  EXPECT_EQ(Walk({"don't wasn't couldn't"}), (Counts{{"don", 1}}));
 
-TEST_F(LineWalkTest, NumeralsAndSigns) {
   settings.chkAllowWordsWithNumerals = 1;
   settings.chkIgnoreNoVowel = 0;
-  Walk({"123\xD7" "456 abc123def 7\xF7" "89"});
-  EXPECT_EQ(Words(), (Counts{{"123", 1}, {"456", 1}, {"abc123def", 1}}));
-
-  ctx.store.Reset();
+  EXPECT_EQ(Walk({"123\xD7" "456 abc123def 7\xF7" "89"}),
+            (Counts{{"123", 1}, {"456", 1}, {"abc123def", 1}}));
   settings.chkAllowWordsWithNumerals = 0;
-  Walk({"abc123def"});
-  EXPECT_EQ(Words(), (Counts{{"abc", 1}, {"def", 1}}));
+  EXPECT_EQ(Walk({"abc123def"}), (Counts{{"abc", 1}, {"def", 1}}));
 }
 
-TEST_F(LineWalkTest, HyphensRepeatsNumeralsAndLetterOutsideLatin1) {
-  Walk({"well-known -known known- --- aaa XIV mix Livid \x8Cuvre"});
-  EXPECT_EQ(Words(), (Counts{{"known", 2}, {"livid", 1}, {"uvre", 1}, {"well-known", 1}}));
-  EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 5);
-}
-
-TEST_F(LineWalkTest, CommentsSpanLines) {
-  Walk({"alpha /* beta", "gamma */ delta // epsilon */ omega", "zeta/*eta*/theta"});
-  EXPECT_EQ(Words(), (Counts{{"alpha", 1}, {"delta", 1}, {"theta", 1}, {"zeta", 1}}));
+TEST_F(LineWalkTest, CommentsAndMarkup) {
+  EXPECT_EQ(Walk({"alpha /* beta", "gamma */ delta // epsilon */ omega", "zeta/*eta*/theta"}),
+            (Counts{{"alpha", 1}, {"delta", 1}, {"theta", 1}, {"zeta", 1}}));
   EXPECT_EQ(ctx.run.comment.intWithinComment, -1);
-
-  ctx.store.Reset();
-  Walk({"open /* still", "inside"});
-  EXPECT_EQ(Words(), (Counts{{"open", 1}}));
+  EXPECT_EQ(Walk({"open /* still", "inside"}), (Counts{{"open", 1}}));
   EXPECT_EQ(ctx.run.comment.intWithinComment, 0);
-}
 
-TEST_F(LineWalkTest, CommentMarkersSwitchedOffOrUserDefined) {
   settings.chkAllowCommentMarkers = 0;
-  Walk({"alpha /* beta */ gamma"});
-  EXPECT_EQ(Words(), (Counts{{"alpha", 1}, {"beta", 1}, {"gamma", 1}}));
-
-  ctx.store.Reset();
+  EXPECT_EQ(Walk({"alpha /* beta */ gamma"}), (Counts{{"alpha", 1}, {"beta", 1}, {"gamma", 1}}));
   settings.chkAllowCommentMarkers = 1;
   settings.txbStartComment = {"", "{"};
   settings.txbEndComment = {"", "}"};
-  Walk({"alpha {beta} gamma /* delta */"});
-  EXPECT_EQ(Words(), (Counts{{"alpha", 1}, {"delta", 1}, {"gamma", 1}}));
-}
+  EXPECT_EQ(Walk({"alpha {beta} gamma /* delta */"}),
+            (Counts{{"alpha", 1}, {"delta", 1}, {"gamma", 1}}));
 
-TEST_F(LineWalkTest, HtmlCommentsAndCharacterEntities) {
-  Walk({"one <!-- two --> three caf&eacute;"});
-  EXPECT_EQ(Words(), (Counts{{"caf", 1}, {"eacute", 1}, {"one", 1}, {"three", 1}}));
-
-  ctx.store.Reset();
+  EXPECT_EQ(Walk({"one <!-- two --> three caf&eacute;"}),
+            (Counts{{"caf", 1}, {"eacute", 1}, {"one", 1}, {"three", 1}}));
   ctx.run.blnCharacterEntitiesPossible = true;
-  Walk({"caf&eacute; cr&egrave;me"});
-  EXPECT_EQ(Words(), (Counts{{"caf\xE9", 1}, {"cr\xE8me", 1}}));
+  EXPECT_EQ(Walk({"caf&eacute; cr&egrave;me"}), (Counts{{"caf\xE9", 1}, {"cr\xE8me", 1}}));
 }
 
 TEST_F(LineWalkTest, ExcludedWordsStillCountInTheTotal) {
   settings.strWordsToIgnore = " the ";
-  Walk({"the them The"});
-  EXPECT_EQ(Words(), (Counts{{"them", 1}}));
+  EXPECT_EQ(Walk({"the them The"}), (Counts{{"them", 1}}));
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 3);
   EXPECT_EQ(ctx.run.lngNumWordsIgnored, 2);
-}
 
-TEST_F(LineWalkTest, StopsAfterTheWordWhenAsked) {
-  ctx.run.blnStop = true;
-  Walk({"alpha beta gamma"});
-  EXPECT_EQ(Words(), (Counts{{"alpha", 1}}));
-}
-
-TEST_F(LineWalkTest, ReadingCommonWordsGoesStraightToTheStore) {
+  // Reading common words goes straight to the store; the "C" markers apply all the same.
   ctx.run.blnReadingWords = true;
   settings.chkDropFinalS = 1;
-  settings.chkAllowCommentMarkers = 0;  // the "C" markers apply all the same
+  settings.chkAllowCommentMarkers = 0;
   settings.strWordsToIgnore = " trees ";
-  Walk({"// heading line", "trees /* note */ couldn", "trees"});
-  EXPECT_EQ(Words(), (Counts{{"couldn", 1}, {"trees", 2}}));
+  EXPECT_EQ(Walk({"// heading line", "trees /* note */ couldn", "trees"}),
+            (Counts{{"couldn", 1}, {"trees", 2}}));
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 0);
 }
 
-TEST_F(LineWalkTest, GivesTheEventLoopTurnsOnlyAfterStartUp) {
-  AnsiString line;
-  for (int i = 0; i < 300; ++i) line += "word ";
-  Walk({line.c_str()});
+TEST_F(LineWalkTest, StopsAfterTheWordAndGivesTurnsOnlyAfterStartUp) {
+  ctx.run.blnStartUpCompleted = false;
+  const std::string line = Repeated("word ", 300);
+  EXPECT_EQ(Walk({line.c_str()}), (Counts{{"word", 300}}));
   EXPECT_EQ(host.processEventsCount, 0);
   ctx.run.blnStartUpCompleted = true;
-  Walk({line.c_str()});
+  EXPECT_EQ(Walk({line.c_str()}), (Counts{{"word", 300}}));
   EXPECT_GT(host.processEventsCount, 0);
-  EXPECT_EQ(Words(), (Counts{{"word", 600}}));
+
+  ctx.run.blnStop = true;
+  EXPECT_EQ(Walk({"alpha beta gamma"}), (Counts{{"alpha", 1}}));
 }
 
 }  // namespace
-}  // namespace wordtally
+}  // namespace wordtally::testing

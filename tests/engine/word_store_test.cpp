@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
-#include "engine/engine_context.h"
 #include "engine/word_counting.h"
 #include "support/run_error.h"
-#include "tests/common/scripted_host.h"
+#include "tests/engine/whole_run_fixture.h"
 
-namespace wordtally {
+namespace wordtally::testing {
 namespace {
 
 std::vector<std::string> Words(const WordStore& store) {
@@ -22,6 +22,12 @@ std::string NumberedWord(int i) {  // "waaa", "waab", ...: distinct, in ascendin
   std::string w = "w";
   for (int d : {i / 676, i / 26 % 26, i % 26}) w += static_cast<char>('a' + d);
   return w;
+}
+
+std::vector<std::string> NumberedWords(int first, int last) {
+  std::vector<std::string> words;
+  for (int i = first; i <= last; ++i) words.push_back(NumberedWord(i));
+  return words;
 }
 
 TEST(WordStore, KeepsBinaryOrderWhateverTheArrivalOrder) {
@@ -39,13 +45,12 @@ TEST(WordStore, KeepsBinaryOrderWhateverTheArrivalOrder) {
   WordStore descending;
   for (int i = 30; i >= 1; --i) descending.Count(NumberedWord(i));
   descending.Count("wzzz");  // counting goes on after a read
-  std::vector<std::string> expected;
-  for (int i = 1; i <= 30; ++i) expected.push_back(NumberedWord(i));
+  std::vector<std::string> expected = NumberedWords(1, 30);
   expected.push_back("wzzz");
   EXPECT_EQ(Words(descending), expected);
 }
 
-TEST(WordStore, GrowsInStepsOf500) {
+TEST(WordStore, GrowsInStepsOf500WithAscendingWords) {
   WordStore store;
   EXPECT_EQ(store.UpperBound(), 500);
   for (int i = 0; i < 500; ++i) store.Count(NumberedWord(i));
@@ -57,7 +62,7 @@ TEST(WordStore, GrowsInStepsOf500) {
   EXPECT_EQ(store.UpperBound(), 1000);
   store.Count(NumberedWord(1000));
   EXPECT_EQ(store.UpperBound(), 1500);
-  EXPECT_EQ(store.lngNumWords(), 1001);
+  EXPECT_EQ(Words(store), NumberedWords(0, 1000));
   store.Reset();
   EXPECT_EQ(store.lngNumWords(), 0);
   EXPECT_EQ(store.UpperBound(), 500);
@@ -69,18 +74,12 @@ TEST(WordStore, FindWordInListGivesPositionOrInsertionPoint) {
   EXPECT_FALSE(store.FindWordInList("a", position));
   EXPECT_EQ(position, -1);
   for (const char* w : {"b", "d", "f"}) store.Count(w);
-  EXPECT_TRUE(store.FindWordInList("d", position));
-  EXPECT_EQ(position, 2);
-  EXPECT_TRUE(store.FindWordInList("f", position));
-  EXPECT_EQ(position, 3);
-  EXPECT_FALSE(store.FindWordInList("a", position));
-  EXPECT_EQ(position, -1);
-  EXPECT_FALSE(store.FindWordInList("c", position));
-  EXPECT_EQ(position, -2);
-  EXPECT_FALSE(store.FindWordInList("e", position));
-  EXPECT_EQ(position, -3);
-  EXPECT_FALSE(store.FindWordInList("g", position));
-  EXPECT_EQ(position, -4);
+  for (const auto& [word, found, at] : {std::tuple{"a", false, -1}, {"b", true, 1}, {"c", false, -2},
+                                        {"d", true, 2}, {"e", false, -3}, {"f", true, 3},
+                                        {"g", false, -4}}) {
+    EXPECT_EQ(store.FindWordInList(word, position), found) << word;
+    EXPECT_EQ(position, at) << word;
+  }
 }
 
 TEST(WordStore, SortKeyTransliteratesFoldsAndLowers) {
@@ -107,51 +106,36 @@ TEST(WordStore, CountingPastTheLargestCountIsAnOverflow) {
   EXPECT_EQ(store.WordList()[1].Frequency, INT32_MAX);
 }
 
-class AddWordToListTest : public ::testing::Test {
- protected:
-  testing::ScriptedHost host;
-  CountingSettings settings;
-  EngineContext ctx{host, settings};
-};
+using AddWordToListTest = WholeRunTest;
 
-TEST_F(AddWordToListTest, FirstWordReplacesTheTextboxAndNewWordsAreEchoedOnce) {
+TEST_F(AddWordToListTest, NewWordsAreEchoedOnceUntilTheTextboxIsFull) {
   host.output = "Now processing input file ...";
-  AddWordToList(ctx, "alpha");
-  EXPECT_EQ(host.output, "alpha ");
-  AddWordToList(ctx, "beta");
-  AddWordToList(ctx, "alpha");
-  AddWordToList(ctx, "gamma");
-  EXPECT_EQ(host.output, "alpha beta gamma ");
-  EXPECT_EQ(ctx.store.lngNumWords(), 3);
+  for (const char* w : {"first", "second", "first", "third"}) AddWordToList(ctx, w);
+  EXPECT_EQ(host.output, "first second third ");  // the first word replaces the textbox
+  host.output = std::string(64900, 'x');
+  AddWordToList(ctx, "fourth");  // at 64900 characters there is still room
+  EXPECT_EQ(host.output, std::string(64900, 'x') + "fourth ");
+  const std::string full = std::string(64900, 'x') + "fourth " +
+                           "\r\n\r\n[Suppressing display of words to avoid buffer overflow.]";
+  AddWordToList(ctx, "fifth");
+  EXPECT_EQ(host.output, full);
+  EXPECT_EQ(settings.chkSuppressWords, 1);
+  EXPECT_TRUE(ctx.run.blnSuppressionNoticeShown);
+  EXPECT_GE(host.settingsChanges, 1);
+  AddWordToList(ctx, "sixth");
+  EXPECT_EQ(host.output, full);  // the notice is shown once
+  EXPECT_EQ(ctx.store.lngNumWords(), 6);
 }
 
-TEST_F(AddWordToListTest, WordsLongerThanTheMaximumAreDroppedInSilence) {
+TEST_F(AddWordToListTest, LongWordsAreDroppedAndTheLabelRepaintedAtEveryTenthNewWord) {
   settings.chkSuppressWords = 1;
-  AddWordToList(ctx, std::string(80, 'a') + "b");
+  AddWordToList(ctx, std::string(80, 'a') + "b");  // 81 characters: dropped in silence
   EXPECT_EQ(ctx.store.lngNumWords(), 0);
   AddWordToList(ctx, std::string(79, 'a') + "b");
   EXPECT_EQ(ctx.store.lngNumWords(), 1);
   EXPECT_EQ(host.output, "");
-}
 
-TEST_F(AddWordToListTest, EchoStopsWithOneNoticeWhenTheTextboxIsFull) {
-  AddWordToList(ctx, "first");
-  host.output = std::string(64900, 'x');
-  AddWordToList(ctx, "second");  // at 64900 characters there is still room
-  EXPECT_EQ(host.output, std::string(64900, 'x') + "second ");
-  AddWordToList(ctx, "third");
-  const std::string notice = "\r\n\r\n[Suppressing display of words to avoid buffer overflow.]";
-  EXPECT_EQ(host.output, std::string(64900, 'x') + "second " + notice);
-  EXPECT_EQ(settings.chkSuppressWords, 1);
-  EXPECT_TRUE(ctx.run.blnSuppressionNoticeShown);
-  AddWordToList(ctx, "fourth");
-  EXPECT_EQ(host.output, std::string(64900, 'x') + "second " + notice);
-  EXPECT_EQ(ctx.store.lngNumWords(), 4);
-  EXPECT_GE(host.settingsChanges, 1);
-}
-
-TEST_F(AddWordToListTest, CountLabelIsRepaintedAtEveryTenthNewWord) {
-  settings.chkSuppressWords = 1;
+  ctx.store.Reset();
   ctx.run.blnReadingWords = true;
   for (int i = 0; i < 25; ++i) AddWordToList(ctx, NumberedWord(i));
   AddWordToList(ctx, NumberedWord(3));
@@ -162,4 +146,4 @@ TEST_F(AddWordToListTest, CountLabelIsRepaintedAtEveryTenthNewWord) {
 }
 
 }  // namespace
-}  // namespace wordtally
+}  // namespace wordtally::testing

@@ -8,11 +8,6 @@
 namespace wordtally::testing {
 namespace {
 
-struct ExpectedLines {
-  const char* header;
-  const char* apple;  // rank 2, frequency 3
-};
-
 AnsiString Line(const ListingLayout& layout, const std::vector<WordListEntry>& store, int32_t i) {
   AnsiString line = "left over";
   BuildListingLine(layout, store, i, line);
@@ -31,44 +26,33 @@ class ListingLineTest : public ::testing::Test {
   ListStatistics stats;
 };
 
-TEST_F(ListingLineTest, EveryFormatWithBlanks) {
-  // Widths 6, 6, 6; the longest word, "banana", has 6 characters.
-  const ExpectedLines expected[kNumDisplayFormats] = {
-      {"   Rank    Freq  Word (longest has 6 characters)", "      2       3  apple"},
-      {"   Rank  Word      Freq", "      2  apple        3"},
-      {"   Rank    Freq", "      2       3"},
-      {"   Rank  Word (longest has 6 characters)", "      2  apple"},
-      {"   Freq    Rank", "      3       2"},
-      {"    Freq  Word (longest has 6 characters)", "       3  apple"},
-      {"  Word     Rank", "  apple       2"},
-      {"  Word     Freq", "  apple       3"},
-      {"Word (longest has 6 characters)", "apple"},
-      {"Word (longest has 6 characters)", "apple"},
+TEST_F(ListingLineTest, EveryFormatWithBlanksAndWithCommas) {
+  // Widths 6, 6, 6; the longest word, "banana", has 6 characters. Per format: header and apple
+  // (rank 2, frequency 3) with blanks, then with commas.
+  const char* const longest = "Word (longest has 6 characters)";
+  const std::array<const char*, 4> expected[kNumDisplayFormats] = {
+      {"   Rank    Freq  Word (longest has 6 characters)", "      2       3  apple",
+       "    Rank,    Freq,  Word (longest has 6 characters)", "       2,       3,  apple"},
+      {"   Rank  Word      Freq", "      2  apple        3", "    Rank,  Word,   Freq",
+       "       2,  apple,      3"},
+      {"   Rank    Freq", "      2       3", "    Rank,    Freq", "       2,       3"},
+      {"   Rank  Word (longest has 6 characters)", "      2  apple",
+       "    Rank,  Word (longest has 6 characters)", "       2,  apple"},
+      {"   Freq    Rank", "      3       2", "    Freq,    Rank", "       3,       2"},
+      {"    Freq  Word (longest has 6 characters)", "       3  apple",
+       "    Freq,  Word (longest has 6 characters)", "       3,  apple"},
+      {"  Word     Rank", "  apple       2", "  Word,   Rank", "  apple,      2"},
+      {"  Word     Freq", "  apple       3", "  Word,   Freq", "  apple,      3"},
+      {longest, "apple", longest, "apple"},
+      {longest, "apple", longest, "apple"},
   };
   for (int format = 0; format < kNumDisplayFormats; ++format) {
-    const ListingLayout layout = MakeListingLayout(stats, 6, format, false);
-    EXPECT_EQ(Line(layout, store, 0), expected[format].header) << "format " << format;
-    EXPECT_EQ(Line(layout, store, 1), expected[format].apple) << "format " << format;
-  }
-}
-
-TEST_F(ListingLineTest, EveryFormatWithCommas) {
-  const ExpectedLines expected[kNumDisplayFormats] = {
-      {"    Rank,    Freq,  Word (longest has 6 characters)", "       2,       3,  apple"},
-      {"    Rank,  Word,   Freq", "       2,  apple,      3"},
-      {"    Rank,    Freq", "       2,       3"},
-      {"    Rank,  Word (longest has 6 characters)", "       2,  apple"},
-      {"    Freq,    Rank", "       3,       2"},
-      {"    Freq,  Word (longest has 6 characters)", "       3,  apple"},
-      {"  Word,   Rank", "  apple,      2"},
-      {"  Word,   Freq", "  apple,      3"},
-      {"Word (longest has 6 characters)", "apple"},
-      {"Word (longest has 6 characters)", "apple"},
-  };
-  for (int format = 0; format < kNumDisplayFormats; ++format) {
-    const ListingLayout layout = MakeListingLayout(stats, 6, format, true);
-    EXPECT_EQ(Line(layout, store, 0), expected[format].header) << "format " << format;
-    EXPECT_EQ(Line(layout, store, 1), expected[format].apple) << "format " << format;
+    for (const bool commas : {false, true}) {
+      SCOPED_TRACE(::testing::Message() << "format " << format << (commas ? " commas" : ""));
+      const ListingLayout layout = MakeListingLayout(stats, 6, format, commas);
+      EXPECT_EQ(Line(layout, store, 0), expected[format][commas * 2]);
+      EXPECT_EQ(Line(layout, store, 1), expected[format][commas * 2 + 1]);
+    }
   }
 }
 
@@ -86,12 +70,11 @@ TEST_F(ListingLineTest, SingleFieldsAndWidths) {
   small.lngMaxFrequency = 345;
   small.intMaxWordLengthFound = 4;
   layout = MakeListingLayout(small, 6, kRankFrequencyWord, false);
-  EXPECT_EQ(layout.intRankWidth, 6);
-  EXPECT_EQ(layout.intFreqWidth, 6);
-  EXPECT_EQ(layout.intWordWidth, 6);
+  EXPECT_EQ(std::tuple(layout.intRankWidth, layout.intFreqWidth, layout.intWordWidth),
+            std::tuple(6, 6, 6));
 
   // More than 999999 words, a frequency of eight digits and a word of 9 characters.
-  ListStatistics large;
+  ListStatistics large = small;
   large.lngNumWordsIncluded = 1000000;
   large.lngMaxFrequency = 12345678;
   large.intMaxWordLengthFound = 9;

@@ -139,68 +139,59 @@ TEST(QuickSortWords, BoundedRecursionGivesTheLiteralOrder) {
   EXPECT_EQ(empty.size(), 1u);
 }
 
+// FreqOrder and NextByFreq of every entry in store order, and the statistics in field order.
+std::vector<int32_t> Ranks(const std::vector<WordListEntry>& store) {
+  std::vector<int32_t> ranks;
+  for (size_t i = 1; i < store.size(); ++i) ranks.push_back(store[i].FreqOrder);
+  return ranks;
+}
+std::vector<int32_t> Chain(const std::vector<WordListEntry>& store) {
+  std::vector<int32_t> next;
+  for (size_t i = 1; i < store.size(); ++i) next.push_back(store[i].NextByFreq);
+  return next;
+}
+std::vector<int32_t> Numbers(const ListStatistics& s) {
+  return {s.lngNumWordsIncluded, s.lngNumWordsExcluded, s.lngNumOccurrences, s.lngMaxFrequency,
+          s.intMaxWordLengthFound, s.lngFirstFreq};
+}
+using Ints = std::vector<int32_t>;
+
 TEST(Ranking, AppleZebraBanana) {
   ScriptedHost host;
   auto store = MakeStore({{"Zebra", 3}, {"apple", 3}, {"banana", 5}});
   const ListStatistics stats = RankStore(store, host);
   ASSERT_EQ(WordsInStoreOrder(store), (Words{"apple", "banana", "Zebra"}));
-  EXPECT_EQ(store[1].FreqOrder, 2);  // apple
-  EXPECT_EQ(store[2].FreqOrder, 1);  // banana
-  EXPECT_EQ(store[3].FreqOrder, 3);  // Zebra
-  EXPECT_EQ(stats.lngFirstFreq, 2);
-  EXPECT_EQ(store[2].NextByFreq, 1);
-  EXPECT_EQ(store[1].NextByFreq, 3);
-  EXPECT_EQ(store[3].NextByFreq, 0);
-  EXPECT_EQ(stats.lngNumWordsIncluded, 3);
-  EXPECT_EQ(stats.lngNumWordsExcluded, 0);
-  EXPECT_EQ(stats.lngNumOccurrences, 11);
-  EXPECT_EQ(stats.lngMaxFrequency, 5);
-  EXPECT_EQ(stats.intMaxWordLengthFound, 6);
+  EXPECT_EQ(Ranks(store), (Ints{2, 1, 3}));
+  EXPECT_EQ(Chain(store), (Ints{3, 1, 0}));  // banana -> apple -> Zebra
+  EXPECT_EQ(Numbers(stats), (Ints{3, 0, 11, 5, 6, 2}));
   EXPECT_EQ(host.output, "");  // no progress mark below 1000 links
 
   auto one = MakeStore({{"solo", 4}});
-  const ListStatistics oneStats = RankStore(one, host);
-  EXPECT_EQ(one[1].FreqOrder, 1);
-  EXPECT_EQ(one[1].NextByFreq, 0);
-  EXPECT_EQ(oneStats.lngFirstFreq, 1);
+  EXPECT_EQ(RankStore(one, host).lngFirstFreq, 1);
+  EXPECT_EQ(Ranks(one), Ints{1});
+  EXPECT_EQ(Chain(one), Ints{0});
 }
 
 TEST(Ranking, ThresholdExcludesInfrequentWords) {
   ScriptedHost host;
   auto store = MakeStore({{"aaa", 1}, {"bbb", 2}, {"caf\xE9s", 1}, {"ddd", 5}});
-  ListStatistics stats = RankStore(store, host, true, 2);
-  EXPECT_FALSE(store[1].Included);  // aaa
-  EXPECT_TRUE(store[2].Included);   // bbb
-  EXPECT_FALSE(store[3].Included);  // cafés
-  EXPECT_EQ(stats.lngNumWordsIncluded, 2);
-  EXPECT_EQ(stats.lngNumWordsExcluded, 2);
-  EXPECT_EQ(stats.lngNumOccurrences, 7);
-  EXPECT_EQ(stats.intMaxWordLengthFound, 3);  // "cafés" is excluded
-  EXPECT_EQ(store[1].FreqOrder, 0);
-  EXPECT_EQ(store[3].FreqOrder, 0);
-  EXPECT_EQ(stats.lngFirstFreq, 4);
-  EXPECT_EQ(store[4].NextByFreq, 2);
-  EXPECT_EQ(store[2].NextByFreq, 0);
+  // "cafés" is excluded: the longest word has 3 characters.
+  EXPECT_EQ(Numbers(RankStore(store, host, true, 2)), (Ints{2, 2, 7, 5, 3, 4}));
+  for (int i : {1, 2, 3, 4}) EXPECT_EQ(store[i].Included, i % 2 == 0) << i;
+  EXPECT_EQ(Ranks(store), (Ints{0, 2, 0, 1}));
+  EXPECT_EQ(Chain(store), (Ints{0, 0, 0, 2}));
 
-  // With the option off the threshold is not applied; "cafés" counts five characters.
-  stats = RankStore(store, host, false, 2);
-  EXPECT_EQ(stats.lngNumWordsIncluded, 4);
-  EXPECT_EQ(stats.intMaxWordLengthFound, 5);
-  EXPECT_EQ(store[1].FreqOrder, 3);  // aaa before cafés among the words counted once
-  EXPECT_EQ(store[3].FreqOrder, 4);
+  // With the option off the threshold is not applied; "cafés" counts five characters, and aaa
+  // comes before cafés among the words counted once.
+  EXPECT_EQ(Numbers(RankStore(store, host, false, 2)), (Ints{4, 0, 9, 5, 5, 4}));
+  EXPECT_EQ(Ranks(store), (Ints{3, 2, 4, 1}));
 
   // Every word excluded.
-  stats = RankStore(store, host, true, 6);
-  EXPECT_EQ(stats.lngNumWordsIncluded, 0);
-  EXPECT_EQ(stats.lngNumWordsExcluded, 4);
-  EXPECT_EQ(stats.lngMaxFrequency, 0);
-  EXPECT_EQ(stats.intMaxWordLengthFound, 0);
-  EXPECT_EQ(stats.lngFirstFreq, 0);
-  for (size_t i = 1; i < store.size(); ++i) EXPECT_EQ(store[i].FreqOrder, 0);
+  EXPECT_EQ(Numbers(RankStore(store, host, true, 6)), (Ints{0, 4, 0, 0, 0, 0}));
+  EXPECT_EQ(Ranks(store), (Ints{0, 0, 0, 0}));
 
   std::vector<WordListEntry> empty(1);
-  stats = RankStore(empty, host);
-  EXPECT_EQ(stats.lngNumWordsIncluded + stats.lngNumWordsExcluded + stats.lngFirstFreq, 0);
+  EXPECT_EQ(Numbers(RankStore(empty, host)), (Ints{0, 0, 0, 0, 0, 0}));
 }
 
 TEST(Ranking, SameRanksAndChainAsTheTwoPassScan) {

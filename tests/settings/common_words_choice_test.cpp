@@ -12,34 +12,29 @@ namespace {
 
 TEST(CommonWordsChoice, OffersTheSevenFilesByLanguage) {
   const std::vector<std::array<std::string_view, 3>> expected = {
-      {"en", "English", "cwds_en.txt"},
-      {"de", "German", "cwds_de.txt"},
-      {"es", "Spanish", "cwds_es.txt"},
-      {"pt", "Portuguese", "cwds_pt.txt"},
-      {"it", "Italian", "cwds_it.txt"},
-      {"fr", "French", "cwds_fr.txt"},
+      {"en", "English", "cwds_en.txt"},       {"de", "German", "cwds_de.txt"},
+      {"es", "Spanish", "cwds_es.txt"},       {"pt", "Portuguese", "cwds_pt.txt"},
+      {"it", "Italian", "cwds_it.txt"},       {"fr", "French", "cwds_fr.txt"},
       {"all", "All six languages", "cwds_en_de_es_pt_it_fr.txt"},
   };
   const auto languages = CommonWordsLanguages();
   ASSERT_EQ(languages.size(), expected.size());
   for (size_t i = 0; i < expected.size(); ++i) {
-    EXPECT_EQ(languages[i].code, expected[i][0]);
-    EXPECT_EQ(languages[i].displayName, expected[i][1]);
-    EXPECT_EQ(languages[i].fileName, expected[i][2]);
+    const auto& [code, name, file] = expected[i];
+    EXPECT_EQ(languages[i].code, code);
+    EXPECT_EQ(languages[i].displayName, name);
+    EXPECT_EQ(languages[i].fileName, file);
+    ASSERT_NE(FindCommonWordsLanguage(code), nullptr) << code;
+    EXPECT_EQ(FindCommonWordsLanguage(code)->fileName, file);
+    // The file is recognised by its name, with or without a folder.
+    const std::string path = (i % 2 ? "/usr/lib/wordtally/" : "") + std::string(file);
+    ASSERT_NE(LanguageOfCommonWordsFile(path), nullptr) << path;
+    EXPECT_EQ(LanguageOfCommonWordsFile(path)->code, code);
   }
-
-  ASSERT_NE(FindCommonWordsLanguage("pt"), nullptr);
-  EXPECT_EQ(FindCommonWordsLanguage("pt")->fileName, "cwds_pt.txt");
-  EXPECT_EQ(FindCommonWordsLanguage("all")->displayName, "All six languages");
-  EXPECT_EQ(FindCommonWordsLanguage("nl"), nullptr);
-  EXPECT_EQ(FindCommonWordsLanguage(""), nullptr);
-
-  ASSERT_NE(LanguageOfCommonWordsFile("/usr/lib/wordtally/cwds_fr.txt"), nullptr);
-  EXPECT_EQ(LanguageOfCommonWordsFile("/usr/lib/wordtally/cwds_fr.txt")->code, "fr");
-  EXPECT_EQ(LanguageOfCommonWordsFile("cwds_en_de_es_pt_it_fr.txt")->code, "all");
-  EXPECT_EQ(LanguageOfCommonWordsFile("/tmp/cwds_en.txt.bak"), nullptr);
-  EXPECT_EQ(LanguageOfCommonWordsFile("/tmp/my_cwds_en.txt"), nullptr);
-  EXPECT_EQ(LanguageOfCommonWordsFile(""), nullptr);
+  for (const char* code : {"nl", ""}) EXPECT_EQ(FindCommonWordsLanguage(code), nullptr);
+  for (const char* path : {"/tmp/cwds_en.txt.bak", "/tmp/my_cwds_en.txt", ""}) {
+    EXPECT_EQ(LanguageOfCommonWordsFile(path), nullptr) << path;
+  }
 }
 
 TEST(CommonWordsChoice, FindsTheFileBesideTheProgramElseInTheDataFolderAbove) {
