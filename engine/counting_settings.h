@@ -68,6 +68,11 @@ void SetDefaultValues(CountingSettings& settings);
 // The number of comment-marker pairs in force (pairs with a start marker).
 int NumCommentMarkers(const CountingSettings& settings);
 
+// An output file is named and output to file is not disabled.
+inline bool OutputToFileActive(const CountingSettings& s) {
+  return s.chkDisableOutputToFile != 1 && !s.txbFile[1].empty();
+}
+
 // strAllowedExtraChars: "-", "'" and U+2018, and the digits, as the three options allow.
 AnsiString SetAllowedExtraChars(const CountingSettings& settings);
 

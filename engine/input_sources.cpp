@@ -38,10 +38,6 @@ Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
       {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
 }
 
-bool OutputFileActive(const CountingSettings& s) {
-  return s.chkDisableOutputToFile != 1 && !s.txbFile[1].empty();
-}
-
 // After each line: the progress bar, and the Stop request (asked about once 2000 words are in).
 // Returns false when reading is to end.
 bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
@@ -89,7 +85,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
 // Refuses an output file that is the input file, and with checkDocx one that is a docx file.
 bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool checkDocx) {
   const CountingSettings& s = ctx.settings;
-  if (!OutputFileActive(s)) return true;
+  if (!OutputToFileActive(s)) return true;
   if (SameFile(s.txbFile[1], inputFile)) {
     Tell(ctx, texts::kGenericErrorTitle, AnsiString(kSameFile));
     return false;

@@ -14,7 +14,6 @@ inline constexpr std::string_view kPreparingListing = "Preparing the listing";
 inline constexpr std::string_view kInputFileNotSpecifiedTitle = "No input file";
 inline constexpr std::string_view kStopQuestionTitle = "Stop counting?";
 inline constexpr std::string_view kGenericErrorTitle = "Wordtally";
-inline constexpr std::string_view kNotDocxTitle = "Not a Word document";
 inline constexpr std::string_view kErrorReportTitle = "Error";
 inline constexpr std::string_view kErrorReportPrefix = "An unexpected error occurred.\r\n";
 

@@ -21,10 +21,6 @@
 namespace wordtally {
 namespace {
 
-bool OutputFileActive(const CountingSettings& s) {
-  return s.chkDisableOutputToFile != 1 && !s.txbFile[1].empty();
-}
-
 // Checks that the output file can be written, without touching an existing file's content; a
 // file that did not exist is created and removed again.
 void ProbeOutputFile(const std::string& path) {
@@ -222,7 +218,7 @@ void DoIt(EngineContext& ctx) {
       SetIdle(ctx);
       return;
     }
-    if (OutputFileActive(ctx.settings)) ProbeOutputFile(ctx.settings.txbFile[1]);
+    if (OutputToFileActive(ctx.settings)) ProbeOutputFile(ctx.settings.txbFile[1]);
     StartClock(ctx);
     if (CountSource(ctx)) {
       const auto list = ctx.store.WordList();
