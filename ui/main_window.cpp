@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -42,10 +43,19 @@ namespace {
 constexpr std::string_view kSuppressWordsNote =
     "The program will run faster if words are not displayed as found.";
 
+// "Courier New" where it is installed, else the system's fixed-pitch font: the text progress
+// bar and the busy indicator must not jitter as they change.
+QFont FixedPitchFont() {
+  QFont font("Courier New");
+  font.setStyleHint(QFont::Monospace);
+  if (!QFontInfo(font).fixedPitch()) font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  return font;
+}
+
 QLabel* NewLabel(const QString& name, QWidget* parent, bool fixedPitch = false) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
-  if (fixedPitch) label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  if (fixedPitch) label->setFont(FixedPitchFont());
   return label;
 }
 
