@@ -211,13 +211,14 @@ void ReportError(EngineContext& ctx, int number, std::string_view description,
 
 void DoIt(EngineContext& ctx) {
   if (!ValidateSettings(ctx)) return;
-  ctx.host.SetBusy(true);
   ResetRun(ctx);
   try {
+    // A load of the common words sets the window busy and idle again by itself.
     if (!EnsureCommonWordsLoaded(ctx)) {
       SetIdle(ctx);
       return;
     }
+    ctx.host.SetBusy(true);
     if (OutputToFileActive(ctx.settings)) ProbeOutputFile(ctx.settings.txbFile[1]);
     StartClock(ctx);
     if (CountSource(ctx)) {

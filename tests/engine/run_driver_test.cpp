@@ -381,5 +381,19 @@ TEST_F(RunDriverTest, DocxInput) {
   ExpectIdle();
 }
 
+TEST_F(RunDriverTest, CommonWordsLoadedForARunLeaveTheWindowBusyWhileCounting) {
+  settings.chkIgnoreCommonWords = 1;
+  settings.txbCommonWordsFile = WriteFile("common.txt", "the and\r\n");
+  bool idleWhileCounting = false;
+  host.onProcessEvents = [&] { idleWhileCounting |= !host.busy; };
+  CountFile(WriteFile("words.txt", DistinctWords(600) + "the and the\r\n"));
+  host.onProcessEvents = nullptr;
+  EXPECT_FALSE(idleWhileCounting);
+  EXPECT_EQ(MessagesTitled("Common words loaded").size(), 1u);
+  EXPECT_EQ(ctx.store.lngNumWords(), 600);  // "the" and "and" left out
+  EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 603);
+  ExpectIdle();
+}
+
 }  // namespace
 }  // namespace wordtally::testing
