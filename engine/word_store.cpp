@@ -110,10 +110,33 @@ void WordStore::Reset() {
   upperBound_ = kGrowthStep;
 }
 
-// Copies a new word into the arena, whose blocks never move, so the index can point into it.
-std::string_view WordStore::Keep(std::string_view word) {
+WordStore::IndexedWord::IndexedWord(std::string_view inlineWord) {
+  std::memcpy(raw_, inlineWord.data(), inlineWord.size());
+  raw_[kInlineSize] = static_cast<char>(inlineWord.size());
+}
+
+WordStore::IndexedWord::IndexedWord(const char* arenaWord, size_t size) {
+  const auto size32 = static_cast<uint32_t>(size);
+  std::memcpy(raw_, &arenaWord, sizeof arenaWord);
+  std::memcpy(raw_ + sizeof arenaWord, &size32, sizeof size32);
+  raw_[kInlineSize] = static_cast<char>(kInArena);
+}
+
+std::string_view WordStore::IndexedWord::View() const {
+  const auto inlineSize = static_cast<unsigned char>(raw_[kInlineSize]);
+  if (inlineSize != kInArena) return {raw_, inlineSize};
+  const char* data;
+  uint32_t size;
+  std::memcpy(&data, raw_, sizeof data);
+  std::memcpy(&size, raw_ + sizeof data, sizeof size);
+  return {data, size};
+}
+
+// A short word is kept in its key; a longer one is copied into the arena, whose blocks never
+// move, so that the key can point into it.
+WordStore::IndexedWord WordStore::Keep(std::string_view word) {
   constexpr size_t kBlock = 64 * 1024;
-  if (word.empty()) return {};
+  if (word.size() <= IndexedWord::kInlineSize) return IndexedWord(word);
   if (word.size() > arenaLeft_) {
     arenaLeft_ = std::max(kBlock, word.size());
     arena_.push_back(std::make_unique<char[]>(arenaLeft_));
@@ -123,7 +146,7 @@ std::string_view WordStore::Keep(std::string_view word) {
   std::memcpy(kept, word.data(), word.size());
   arenaNext_ += word.size();
   arenaLeft_ -= word.size();
-  return {kept, word.size()};
+  return IndexedWord(kept, word.size());
 }
 
 bool WordStore::Count(std::string_view word) {
@@ -144,7 +167,8 @@ bool WordStore::Count(std::string_view word) {
 void WordStore::BuildRecords() const {
   records_.resize(1);
   records_.reserve(counts_.size() + 1);
-  for (const auto& [word, frequency] : counts_) {
+  for (const auto& [key, frequency] : counts_) {
+    const std::string_view word = key.View();
     WordListEntry& entry = records_.emplace_back();
     entry.Word = word;
     entry.SortKey = MakeSortKey(word);

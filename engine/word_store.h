@@ -100,27 +100,48 @@ class WordStore {
   bool FindWordInList(std::string_view key, int32_t& position) const;
 
  private:
-  // While counting, the words live in an arena and their counts in the hash index: a known word
-  // costs one probe into a compact table. The records are built when they are read.
+  // While counting, the words and their counts live in the hash index: a known word costs one
+  // probe into a compact table. The records are built when they are read.
   enum class State { Counting, Listed, HandedOut };
+
+  // A word as the index holds it: up to 15 bytes inside the key itself, so that finding a known
+  // word reads nothing outside the table; a longer word lives in the arena and the key points
+  // there. The last byte is the inline length, or kInArena.
+  class IndexedWord {
+   public:
+    static constexpr size_t kInlineSize = 15;
+    explicit IndexedWord(std::string_view inlineWord);
+    IndexedWord(const char* arenaWord, size_t size);
+    std::string_view View() const;
+
+   private:
+    static constexpr unsigned char kInArena = 0xFF;
+    char raw_[kInlineSize + 1];
+  };
 
   struct WordHash {
     using is_transparent = void;
     size_t operator()(std::string_view s) const;
+    size_t operator()(const IndexedWord& w) const { return (*this)(w.View()); }
   };
   struct WordEq {
     using is_transparent = void;
     bool operator()(std::string_view a, std::string_view b) const;
+    bool operator()(const IndexedWord& a, std::string_view b) const { return (*this)(a.View(), b); }
+    bool operator()(std::string_view a, const IndexedWord& b) const { return (*this)(a, b.View()); }
+    bool operator()(const IndexedWord& a, const IndexedWord& b) const {
+      return (*this)(a.View(), b.View());
+    }
   };
 
-  std::string_view Keep(std::string_view word);
+  IndexedWord Keep(std::string_view word);
   void BuildRecords() const;
   void CountAgainFromRecords();
 
   std::vector<std::unique_ptr<char[]>> arena_;
   char* arenaNext_ = nullptr;
   size_t arenaLeft_ = 0;
-  absl::flat_hash_map<std::string_view, int32_t, WordHash, WordEq> counts_;
+  absl::flat_hash_map<IndexedWord, int32_t, WordHash, WordEq> counts_;
   mutable std::vector<WordListEntry> records_;
   mutable State state_ = State::Counting;
   int32_t numWords_ = 0;

@@ -48,6 +48,15 @@ TEST(WordStore, KeepsBinaryOrderWhateverTheArrivalOrder) {
   std::vector<std::string> expected = NumberedWords(1, 30);
   expected.push_back("wzzz");
   EXPECT_EQ(Words(descending), expected);
+
+  // Words on either side of 15 characters, which the store keeps in two different ways.
+  WordStore lengths;
+  const std::string w15(15, 'm'), w16(16, 'm'), w14x = std::string(14, 'm') + "x";
+  for (const std::string& w : {w16, w15, w14x, w16, w15, w16}) lengths.Count(w);
+  EXPECT_EQ(Words(lengths), (std::vector<std::string>{w15, w16, w14x}));
+  EXPECT_EQ(lengths.WordList()[1].Frequency, 2);
+  EXPECT_EQ(lengths.WordList()[2].Frequency, 3);
+  EXPECT_EQ(lengths.WordList()[3].Frequency, 1);
 }
 
 TEST(WordStore, GrowsInStepsOf500WithAscendingWords) {
