@@ -119,6 +119,8 @@ ListingOutcome ListingSession::Finish(std::string_view procedure) {
     WriteToFile(std::string_view(), kCrLf);
     if (options_.onLine) options_.onLine(wordsLine_);
   }
+  // A stopped listing says so at the end of its file, so that the file does not pass for whole.
+  if (stopped_ && file_.IsOpen()) file_.WriteLine(kFileTerminated);
   const bool toFile = file_.IsOpen();
   const bool fileComplete = toFile && file_.Close();
   if (!fileComplete && file_.Failed()) {
