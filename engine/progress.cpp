@@ -23,6 +23,9 @@ void TimerTick(EngineContext& ctx) {
                       "Time elapsed: " + FormatElapsedTime(ctx.run.lngSecondsElapsed));
   ctx.host.SetCaption(Control::NumberOfWords, "Number of different words found so far: " +
                                                   FormatWholeNumber(ctx.store.lngNumWords()));
+  // The busy indicator turns a quarter at each tick; the run's end sets it to a blank.
+  constexpr std::string_view kTwirl = "|/-\\";
+  ctx.host.SetCaption(Control::Twirler, AnsiString(1, kTwirl[ctx.run.lngSecondsElapsed % 4]));
 }
 
 void RequestStop(EngineContext& ctx) { ctx.run.blnStop = true; }

@@ -59,6 +59,9 @@ TEST_F(ProgressTest, ClockAndRunningLabels) {
   TimerTick(ctx);
   EXPECT_EQ(host.Caption(Control::TimeElapsed), "Time elapsed: 1s");
   EXPECT_EQ(host.Caption(Control::NumberOfWords), "Number of different words found so far: 0");
+  for (int i = 0; i < 4; ++i) TimerTick(ctx);
+  EXPECT_EQ(host.captionHistory[Control::Twirler], (std::vector<AnsiString>{"/", "-", "\\", "|", "/"}));
+  ctx.run.lngSecondsElapsed = 1;
   settings.chkSuppressWords = 1;
   for (int i = 0; i < 1234; ++i) AddWordToList(ctx, "word" + std::to_string(i));
   for (int i = 1; i < 65; ++i) TimerTick(ctx);
