@@ -14,10 +14,6 @@ void ShowSizeOf(EngineContext& ctx, size_t length) {
                       FormatByteCount(static_cast<double>(length), false) + " on the clipboard.");
 }
 
-void Tell(EngineContext& ctx, std::string_view title, const AnsiString& text) {
-  ctx.host.ShowMessage({AnsiString(title), text, MessageIcon::None, MessageButtons::Ok});
-}
-
 }  // namespace
 
 void ShowClipboardSize(EngineContext& ctx) { ShowSizeOf(ctx, ctx.host.ClipboardText().size()); }
@@ -29,17 +25,18 @@ void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox) {
     const std::u16string text = ctx.host.ClipboardText();
     if (text.empty()) {
       ctx.host.SetPastedText(u"");
-      Tell(ctx, "Clipboard empty", "Clipboard is empty.");
+      Tell(ctx.host, "Clipboard empty", "Clipboard is empty.", MessageIcon::None);
       return;
     }
     n = text.size();
     ShowSizeOf(ctx, n);
     if (n > static_cast<size_t>(kClipboardTextLimit)) {
-      Tell(ctx, "Too much clipboard text",
+      Tell(ctx.host, "Too much clipboard text",
            "There are " + FormatWholeNumber(static_cast<int64_t>(n)) +
                " characters in the text on the clipboard.\r\nThe maximum permitted is " +
                FormatWholeNumber(kClipboardTextLimit) +
-               ".  If possible,\r\ncount word frequencies for this text using an input file.");
+               ".  If possible,\r\ncount word frequencies for this text using an input file.",
+           MessageIcon::None);
       return;
     }
     if (pasteIntoTextBox) ctx.host.SetPastedText(text);
@@ -48,7 +45,7 @@ void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox) {
     if (n < static_cast<size_t>(kClipboardTextLimit)) {
       text += "\r\nIt may, however, still be possible to count word frequencies.";
     }
-    Tell(ctx, texts::kGenericErrorTitle, text);
+    Tell(ctx.host, texts::kGenericErrorTitle, text, MessageIcon::None);
   }
 }
 

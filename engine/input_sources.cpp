@@ -27,9 +27,9 @@ constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
 constexpr int32_t kStopWithoutAskingBelow = 2000;
 
-void Tell(EngineContext& ctx, std::string_view title, const AnsiString& text,
-          MessageIcon icon = MessageIcon::Exclamation) {
-  ctx.host.ShowMessage({AnsiString(title), text, icon, MessageButtons::Ok});
+// The refusals of a file run are warnings.
+void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
+  Tell(ctx.host, title, text, MessageIcon::Exclamation);
 }
 
 Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
@@ -87,11 +87,11 @@ bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool
   const CountingSettings& s = ctx.settings;
   if (!OutputToFileActive(s)) return true;
   if (SameFile(s.txbFile[1], inputFile)) {
-    Tell(ctx, texts::kGenericErrorTitle, AnsiString(kSameFile));
+    Warn(ctx, texts::kGenericErrorTitle, kSameFile);
     return false;
   }
   if (checkDocx && LowerExtension(s.txbFile[1]) == "docx") {
-    Tell(ctx, texts::kGenericErrorTitle, AnsiString(kDocxOutput));
+    Warn(ctx, texts::kGenericErrorTitle, kDocxOutput);
     return false;
   }
   return true;
@@ -149,14 +149,14 @@ bool ReadDocx(EngineContext& ctx, const std::string& inputFile, AnsiString& text
       ShowNotDocxMessage(ctx.host, inputFile);
       return false;
     case DocxStatus::TooBig:
-      Tell(ctx, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
+      Warn(ctx, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
       return false;
     case DocxStatus::CannotOpen:
       throw RunError(docx.errorNumber, "The file cannot be opened.");
     case DocxStatus::Damaged:
       break;
   }
-  Tell(ctx, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
+  Warn(ctx, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
   return false;
 }
 
@@ -178,9 +178,8 @@ void ResetStoreForCounting(EngineContext& ctx) {
 }
 
 void ReportReadFailure(EngineContext& ctx, const LineReader& reader, const std::string& name) {
-  const AnsiString error = reader.ErrorDescription();
-  ctx.host.SetOutputText("Processing input file ...\r\n\r\n" + error);
-  Tell(ctx, "Error", error + " when processing \r\n" + name);
+  ctx.host.SetOutputText("Processing input file ...\r\n\r\n" + reader.ErrorDescription());
+  ShowReadFailure(ctx.host, reader, name);
 }
 
 bool CountFile(EngineContext& ctx, const std::string& inputFile) {
@@ -230,7 +229,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
   try {
     const std::u16string text = ctx.host.ClipboardText();
     if (!IsPlainText(text, 3000, true)) {
-      Tell(ctx, "Invalid input",
+      Warn(ctx, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.
       ctx.settings.optInFile = true;

@@ -93,16 +93,11 @@ class BusyScope {
   Host& host_;
 };
 
-void ShowReadError(Host& host, const LineReader& reader, const std::string& path) {
-  host.ShowMessage({"Error", reader.ErrorDescription() + " when processing " + AnsiString(kCrLf) + path,
-                    MessageIcon::Exclamation, MessageButtons::Ok});
-}
-
 // Walks every line of the file; false when reading failed (message shown) or the user stopped.
 bool WalkCommonWordsFile(EngineContext& ctx, const std::string& path) {
   LineReader reader;
   if (!reader.Open(path)) {
-    ShowReadError(ctx.host, reader, path);
+    ShowReadFailure(ctx.host, reader, path);
     return false;
   }
   CommonWordsLoadScope scope(ctx);
@@ -117,7 +112,7 @@ bool WalkCommonWordsFile(EngineContext& ctx, const std::string& path) {
     walker.WalkLine();
   }
   if (reader.ErrorNumber() != 0) {
-    ShowReadError(ctx.host, reader, path);
+    ShowReadFailure(ctx.host, reader, path);
     return false;
   }
   if (ctx.run.blnStop) {

@@ -70,10 +70,6 @@ bool IsCountedControlChar(unsigned char c) {
   return c < 32 && c != '\t' && c != '\n' && c != '\r' && c != '\f' && c != '\b';
 }
 
-void Tell(Host& host, const std::string& title, const std::string& text, MessageIcon icon) {
-  host.ShowMessage({title, text, icon, MessageButtons::Ok, Answer::Ok});
-}
-
 void ShowProbeFailure(Host& host, const std::string& name, int16_t code) {
   std::string text;
   switch (code) {

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include "support/host.h"
+
 namespace wordtally {
 
 LineReader::LineReader(std::size_t blockSize) : block_(std::max<std::size_t>(blockSize, 16)) {}
@@ -102,6 +104,11 @@ bool LineReader::NextLine(std::string_view& line) {
     }
     Refill();
   }
+}
+
+void ShowReadFailure(Host& host, const LineReader& reader, const std::string& path) {
+  Tell(host, "Error", reader.ErrorDescription() + " when processing \r\n" + path,
+       MessageIcon::Exclamation);
 }
 
 }  // namespace wordtally

@@ -54,4 +54,9 @@ class LineReader {
   int errorNumber_ = 0;
 };
 
+class Host;
+// Tells the user that the input could not be read: the error, " when processing " and, on the
+// next line, the file's name, under the title "Error".
+void ShowReadFailure(Host& host, const LineReader& reader, const std::string& path);
+
 }  // namespace wordtally

@@ -25,15 +25,10 @@ constexpr std::string_view kNoteSpaces = "spaces.";
 constexpr std::string_view kNoteEnd =
     "Set File Origin: Windows (ANSI) & Text qualifier: double-quote.\"";
 
-void Warn(Host& host, std::string_view title, std::string_view text) {
-  host.ShowMessage({AnsiString(title), AnsiString(text), MessageIcon::Exclamation,
-                    MessageButtons::Ok, Answer::Ok});
-}
-
 bool HasListingExtension(Host& host, const AnsiString& path) {
   const std::string extension = LowerExtension(path);
   if (extension == "txt" || extension == "csv") return true;
-  Warn(host, kExtensionTitle, kExtensionText);
+  Tell(host, kExtensionTitle, kExtensionText, MessageIcon::Exclamation);
   return false;
 }
 
@@ -53,7 +48,7 @@ std::optional<AnsiString> ConfirmOutputFile(Host& host, const AnsiString& strOut
       host.InputBox(AnsiString(kOverwriteTitle), AnsiString(kOverwritePrompt), strOutputFile);
   if (!edited || *edited == strOutputFile) return edited;
   if (!FolderOfPathExists(*edited)) {
-    Warn(host, kNoFolderTitle, kNoFolderText);
+    Tell(host, kNoFolderTitle, kNoFolderText, MessageIcon::Exclamation);
     return std::nullopt;
   }
   if (!HasListingExtension(host, *edited)) return std::nullopt;

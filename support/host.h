@@ -82,4 +82,9 @@ class Host {
   virtual void SetPastedText(const std::u16string& text) { (void)text; }
 };
 
+// A message box with an OK button only.
+inline void Tell(Host& host, std::string_view title, std::string_view text, MessageIcon icon) {
+  host.ShowMessage({AnsiString(title), AnsiString(text), icon, MessageButtons::Ok, Answer::Ok});
+}
+
 }  // namespace wordtally
