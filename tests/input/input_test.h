@@ -1,10 +1,12 @@
 #pragma once
-// The input tests' fixture: small files written into a temporary folder, and tables of texts
-// checked against what a routine makes of them.
+// The input tests' fixture: each test works in a fresh temporary folder, its current directory,
+// so that files are named as the messages name them. Also: tables of texts checked against what
+// a routine makes of them.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
-#include <string>
 #include <vector>
 
 #include "support/ansi_text.h"
@@ -14,14 +16,22 @@ namespace wordtally::testing {
 
 class InputTest : public ::testing::Test {
  protected:
-  // Writes bytes to a file of that name in the test's folder and returns its path.
-  std::string Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(Path(name), std::ios::binary).write(bytes.data(), std::ssize(bytes));
-    return Path(name);
+  InputTest() { std::filesystem::current_path(folder_.Path()); }
+  ~InputTest() override { std::filesystem::current_path(saved_); }
+
+  // Writes bytes to a file of that name and returns the name.
+  static std::string Write(const std::string& name, std::string_view bytes) {
+    std::ofstream(name, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+    return name;
   }
-  std::string Path(const std::string& name) const { return folder_.Path() + "/" + name; }
+  // The file made unreadable, or "" when the superuser, who may read any file, runs the tests.
+  static std::string Locked(const std::string& name) {
+    std::filesystem::permissions(name, std::filesystem::perms::none);
+    return ::geteuid() == 0 ? "" : name;
+  }
 
  private:
+  const std::filesystem::path saved_ = std::filesystem::current_path();
   TemporaryFolder folder_;
 };
 
@@ -29,11 +39,6 @@ class InputTest : public ::testing::Test {
 template <typename Change>
 void ExpectEach(Change change, std::initializer_list<std::pair<AnsiString, AnsiString>> table) {
   for (const auto& [text, expected] : table) EXPECT_EQ(change(text), expected) << "of " << text;
-}
-
-// A routine that changes a line in place, as one that returns the changed line.
-inline auto InPlace(void (*change)(AnsiString&)) {
-  return [change](AnsiString line) { return change(line), line; };
 }
 
 }  // namespace wordtally::testing
