@@ -74,6 +74,7 @@ TEST_F(SettingsTest, QuotedTextEscapesOnlyWhatWouldBreakTheLineOrHideInItAndRead
       {"\"abc\\", "ends inside an escape"},
       {"\"a\\qb\"", "has the unknown escape \\q"},
       {"\"\\x4\"", "has an escape \\x without two hexadecimal digits"},
+      {"\"\\xg1\"", "has an escape \\x without two hexadecimal digits"},  // past the small f
       {"\"a\" b", "has more text after the closing double quote"},
       {"\"\xC3\"", "is not UTF-8 text in the Windows-1252 character set"},
       {"\"\xCE\xA9\"", "is not UTF-8 text in the Windows-1252 character set"},  // Greek Omega
