@@ -163,6 +163,9 @@ TEST_F(ResultsTest, RanksFollowFallingFrequencyThenStoreOrder) {
     EXPECT_EQ(InStoreOrder(store, &WordListEntry::FreqOrder), c.ranks);
     EXPECT_EQ(InStoreOrder(store, &WordListEntry::NextByFreq), c.links);
   }
+  // The longest word a 16-bit count holds is still counted; the occurrences overflow 32 bits.
+  Rank({std::string(INT16_MAX, 'a').c_str()});
+  EXPECT_EQ(stats.intMaxWordLengthFound, INT16_MAX);
   EXPECT_THAT([this] { Rank({{"aaa", INT32_MAX}, {"bbb", 1}}); },
               ::testing::Throws<RunError>(::testing::Property(&RunError::Number, kErrOverflow)));
 }

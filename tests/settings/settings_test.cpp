@@ -228,11 +228,10 @@ TEST_F(SettingsTest, CommonWordsFilesByLanguageAreKnownByCodeAndNameAndFoundBesi
   for (const char* file : {"bin/cwds_en.txt", "data/cwds_en.txt", "data/cwds_de.txt"}) {
     std::ofstream(Path(file)) << "the and of\n";
   }
-  const std::string bin = Path("bin");
-  EXPECT_EQ(FindCommonWordsFile(bin, "cwds_en.txt"), Path("bin/cwds_en.txt"));
-  EXPECT_EQ(FindCommonWordsFile(bin, "cwds_de.txt"), Path("data/cwds_de.txt"));
-  EXPECT_EQ(FindCommonWordsFile(bin, "cwds_fr.txt"), "");
-  EXPECT_EQ(FindCommonWordsFile(bin, "cwds_it.txt"), "");
+  EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_en.txt"), Path("bin/cwds_en.txt"));
+  EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_de.txt"), Path("data/cwds_de.txt"));
+  EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_fr.txt"), "");
+  EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_it.txt"), "");
 }
 
 }  // namespace
