@@ -121,11 +121,10 @@ void ShowNotTextFile(Host& host, const std::string& name, double controlPercent,
 }
 
 void ShowMacNotice(Host& host, const std::string& name) {
-  Tell(host, "This is a Mac-style text file",
-       "File " + name + kNewLine + "has Macintosh-type line endings (CR)." + kNewLine + kNewLine +
-           "You might wish to use a program such as Notepad++" + kNewLine +
-           "to convert the line endings to Windows-type (CR+LF).",
-       MessageIcon::Information);
+  Inform(host, "This is a Mac-style text file",
+         "File " + name + kNewLine + "has Macintosh-type line endings (CR)." + kNewLine +
+             kNewLine + "You might wish to use a program such as Notepad++" + kNewLine +
+             "to convert the line endings to Windows-type (CR+LF).");
 }
 
 // LF-only files are slow to read line by line on the desktop: large ones need consent, very
@@ -147,7 +146,7 @@ bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int1
           "It is advisable to use a program such as Notepad++" + kNewLine +
           "to convert the line endings to Windows-type (CR+LF).";
   if (!askBeforeSlowFile) {
-    Tell(host, "This is a Unix-style file", text, MessageIcon::Information);
+    Inform(host, "This is a Unix-style file", text);
     return true;
   }
   const std::string title = "This is a Unix-style text file";
@@ -311,6 +310,16 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     return true;
   }
   return CheckUnixFile(host, fileName, fileLength, classCode, askBeforeSlowFile);
+}
+
+bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules) {
+  unsigned char firstControlChar = ' ';
+  int32_t firstControlPos = 0;
+  double controlPercent = 0;
+  bool isUtf8 = false;
+  ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0, controlPercent,
+                   isUtf8, true, rules);
+  return isUtf8;
 }
 
 int16_t IsZipFile(const std::string& fileName) {

@@ -60,6 +60,10 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
                     bool askBeforeSlowFile, TextRules rules = TextRules::Classic);
 
+// The UTF-8 verdict of CheckInputFile without its messages: what the window's UTF-8 box shows
+// once the file is chosen.
+bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules);
+
 // -1 no such file; 1 at least 10 bytes beginning with the zip signature 50 4B 03 04; else 0.
 int16_t IsZipFile(const std::string& fileName);
 
