@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include "input/file_vetting.h"
 #include "settings/common_words_choice.h"
+#include "support/file_utils.h"
 
 namespace wordtally {
 namespace {
@@ -41,9 +43,14 @@ void AddOptions(CLI::App& app, CommandLineOptions& o) {
   app.add_flag("--commas", o.commas, "Separate the fields of the output file by commas");
   auto* utf8 = app.add_flag("--utf8", o.utf8, "Scan the input as UTF-8");
   app.add_flag("--ansi", o.ansi, "Scan the input as ANSI (Windows-1252)")->excludes(utf8);
+  app.add_flag("--modern-text", o.modernText,
+               "Modern text handling: UTF-8 recognised without a mark, Unix line ends at any "
+               "size, standard input refused only for real control characters");
   app.add_option("--settings", o.settingsFile, "Start from the settings saved in FILE.qzl")
       ->check(CLI::ExistingFile);
   app.add_flag("--stats", o.stats, "Print the statistics after the listing");
+  app.add_flag("--verbose", o.verbose,
+               "Also print the notices, and the questions answered without asking");
   app.set_version_flag("--version", std::string("wordtally ") + WORDTALLY_VERSION);
 }
 
@@ -78,9 +85,7 @@ bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFol
   setIf(o.keepNoVowel, s.chkIgnoreNoVowel, 0);
   setIf(o.noCommentMarkers, s.chkAllowCommentMarkers, 0);
   setIf(o.commas, s.chkOutputWithCommas, 1);
-  // Without --utf8 the UTF-8 box starts cleared, so that a file detected as UTF-8 is asked
-  // about and the console's answer follows the detection (or --ansi).
-  s.chkUTF8 = o.utf8 ? 1 : 0;
+  setIf(o.modernText, s.chkModernText, 1);
   if (o.ignore) s.txbWordsToIgnore = *o.ignore;
   if (o.minFrequency) {
     s.chkIgnoreInfrequentWords = 1;
@@ -91,6 +96,10 @@ bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFol
   s.optInFile = o.input != "-";
   s.txbFile[0] = s.optInFile ? o.input : "";
   s.txbFile[1] = o.output;
+  // As in the window once a text file is chosen, the UTF-8 box follows the file's detected
+  // encoding, unless --utf8 or --ansi decides.
+  const bool textFile = s.optInFile && LowerExtension(o.input) != "docx";
+  s.chkUTF8 = o.utf8 || (!o.ansi && textFile && IsDetectedAsUtf8(o.input, TextRulesOf(s))) ? 1 : 0;
   s.chkDisableOutputToFile = 0;
   s.chkSuppressWords = 1;  // nothing watches the words as they are found
 

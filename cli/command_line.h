@@ -18,6 +18,7 @@ struct CommandLineOptions {
   std::optional<int> format;
   std::string output;
   bool commas = false, utf8 = false, ansi = false, stats = false;
+  bool modernText = false, verbose = false;
   std::string settingsFile;
 };
 

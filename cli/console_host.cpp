@@ -26,10 +26,15 @@ std::string ToTerminalText(std::string_view text) {
   return AnsiToUtf8(lf);
 }
 
+void ConsoleHost::Print(std::string_view title, std::string_view text) const {
+  std::cerr << ToTerminalText(title) << ": " << ToTerminalText(text) << '\n';
+}
+
 Answer ConsoleHost::ShowMessage(const MessageBoxRequest& request) {
   if (request.title == texts::kErrorReportTitle) ++errorReports_;
-  std::cerr << ToTerminalText(request.title) << ": " << ToTerminalText(request.text) << '\n';
-  if (request.buttons == MessageButtons::Ok) return Answer::Ok;
+  const bool answeredHere = request.buttons != MessageButtons::Ok;
+  if (verbose_ || !(answeredHere || request.notice)) Print(request.title, request.text);
+  if (!answeredHere) return Answer::Ok;
   if (request.title == kUtf8OrAnsiTitle) return utf8Answer_;
   if (request.title == "Large input file") return Answer::No;
   return request.defaultButton;
@@ -38,7 +43,7 @@ Answer ConsoleHost::ShowMessage(const MessageBoxRequest& request) {
 std::optional<AnsiString> ConsoleHost::InputBox(const AnsiString& title, const AnsiString&,
                                                 const AnsiString& text) {
   // The output file was named on the command line: it is overwritten as asked.
-  std::cerr << ToTerminalText(title) << ": " << ToTerminalText(text) << '\n';
+  if (verbose_) Print(title, text);
   return text;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
-// The host of the command line: messages go to standard error as "TITLE: TEXT", questions take
-// their safe answer (or the one the command line gives), the output textbox is kept in memory.
+// The host of the command line: refusals, warnings and errors go to standard error as
+// "TITLE: TEXT"; questions take their safe answer (or the one the command line gives) and, like
+// notices, are printed only when verbose. The output textbox is kept in memory.
 #include <map>
 #include <string>
 
@@ -12,7 +13,7 @@ class ConsoleHost : public Host {
  public:
   // Answer to the "UTF-8 or ANSI file?" question: Yes follows the file's detected encoding
   // (or the user's --utf8), No keeps ANSI (--ansi).
-  explicit ConsoleHost(Answer utf8Answer) : utf8Answer_(utf8Answer) {}
+  ConsoleHost(Answer utf8Answer, bool verbose) : utf8Answer_(utf8Answer), verbose_(verbose) {}
 
   Answer ShowMessage(const MessageBoxRequest& request) override;
   std::optional<AnsiString> InputBox(const AnsiString& title, const AnsiString& prompt,
@@ -40,7 +41,10 @@ class ConsoleHost : public Host {
   int ErrorReports() const { return errorReports_; }
 
  private:
+  void Print(std::string_view title, std::string_view text) const;
+
   Answer utf8Answer_;
+  bool verbose_;
   AnsiString output_;
   std::u16string clipboard_;
   std::map<Control, AnsiString> statistics_;

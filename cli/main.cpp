@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     return 1;
   }
 
-  ConsoleHost host(options->ansi ? Answer::No : Answer::Yes);
+  ConsoleHost host(options->ansi ? Answer::No : Answer::Yes, options->verbose);
   if (!settings.optInFile) host.SetClipboardText(ReadStandardInput());
   EngineContext ctx(host, settings);
   ctx.skipLineEndingChecks = true;

@@ -49,12 +49,14 @@ void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox) {
   }
 }
 
-bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls) {
+bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls,
+                 TextRules rules) {
   const size_t limit = maxChars < 1 ? s.size() : std::min(s.size(), static_cast<size_t>(maxChars));
+  const unsigned mask = rules == TextRules::Modern ? 0xFFFF : 0xFF;
   for (size_t i = 0; i < limit; ++i) {
-    const unsigned lowByte = s[i] & 0xFF;
-    if (lowByte >= 32) continue;
-    const bool lineControl = lowByte == 9 || lowByte == 10 || lowByte == 12 || lowByte == 13;
+    const unsigned code = s[i] & mask;
+    if (code >= 32) continue;
+    const bool lineControl = code == 9 || code == 10 || code == 12 || code == 13;
     if (!allowLineControls || !lineControl) return false;
   }
   return true;

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "input/text_rules.h"
+
 namespace wordtally {
 
 struct EngineContext;
@@ -11,7 +13,9 @@ inline constexpr int32_t kClipboardTextLimit = 100000;
 
 void ShowClipboardSize(EngineContext& ctx);
 void PasteClipboardText(EngineContext& ctx, bool pasteIntoTextBox);
-// Looks at the low byte of each of the first maxChars code units (all when maxChars < 1).
-bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls);
+// Looks at the low byte of each of the first maxChars code units (all when maxChars < 1); under
+// the modern rules at the whole code unit, so that only real control characters fail.
+bool IsPlainText(const std::u16string& s, int32_t maxChars, bool allowLineControls,
+                 TextRules rules = TextRules::Classic);
 
 }  // namespace wordtally

@@ -56,6 +56,7 @@ void SetDefaultValues(CountingSettings& settings) {
   settings.chkOutputWithCommas = 0;
   settings.chkWarnOnOverwrite = 0;
   settings.chkSaveStateOnQuit = 0;
+  settings.chkModernText = 0;
 }
 
 int NumCommentMarkers(const CountingSettings& settings) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "input/text_rules.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
@@ -33,6 +34,7 @@ struct CountingSettings {
   int chkOutputWithCommas = 0;
   int chkWarnOnOverwrite = 0;
   int chkSaveStateOnQuit = 0;
+  int chkModernText = 0;  // the modern text rules (see TextRules) instead of the classic ones
 
   // Main window.
   bool optInFile = true;  // false: optOnClipboard
@@ -67,6 +69,10 @@ int16_t ThresholdFrequency(const CountingSettings& settings);  // the selected i
 void SetDefaultValues(CountingSettings& settings);
 // The number of comment-marker pairs in force (pairs with a start marker).
 int NumCommentMarkers(const CountingSettings& settings);
+
+inline TextRules TextRulesOf(const CountingSettings& s) {
+  return s.chkModernText == 1 ? TextRules::Modern : TextRules::Classic;
+}
 
 // An output file is named and output to file is not disabled.
 inline bool OutputToFileActive(const CountingSettings& s) {

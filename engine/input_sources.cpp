@@ -165,7 +165,7 @@ bool VetTextFile(EngineContext& ctx, const std::string& inputFile) {
   bool isUtf8 = false;
   int16_t classCode = 0;
   if (!CheckInputFile(ctx.host, ctx.blnMacNoticeShown, inputFile, ctx.skipLineEndingChecks,
-                      isUtf8, classCode, !ctx.skipLineEndingChecks)) {
+                      isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings))) {
     return false;
   }
   return SettleEncoding(ctx, isUtf8);
@@ -228,7 +228,7 @@ bool DoItFromFile(EngineContext& ctx) {
 bool DoItFromClipboard(EngineContext& ctx) {
   try {
     const std::u16string text = ctx.host.ClipboardText();
-    if (!IsPlainText(text, 3000, true)) {
+    if (!IsPlainText(text, 3000, true, TextRulesOf(ctx.settings))) {
       Warn(ctx, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.

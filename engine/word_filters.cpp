@@ -198,9 +198,8 @@ bool AttemptToReadCommonWords(EngineContext& ctx) {
   if (loaded) {
     common.blnCommonWordsLoaded = true;
     ctx.host.SetCaption(Control::NumberOfWords, "");
-    ctx.host.ShowMessage({AnsiString(kCommonWordsLoadedTitle),
-                          CommonWordsLoadedText(common.Count(), common.strCommonWordsFile),
-                          MessageIcon::Information, MessageButtons::Ok});
+    Inform(ctx.host, kCommonWordsLoadedTitle,
+           CommonWordsLoadedText(common.Count(), common.strCommonWordsFile));
     ctx.settings.txbCommonWordsFile = common.strCommonWordsFile;
     ctx.settings.chkIgnoreCommonWords = 1;
   } else {

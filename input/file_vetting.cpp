@@ -10,6 +10,7 @@
 
 #include "input/byte_file.h"
 #include "input/text_search.h"
+#include "input/utf8_validator.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
 
@@ -48,6 +49,23 @@ bool HasUtf8Hint(const std::string& fileName) {
     }
     kept = std::min(kOverlap, text.size());
     std::memmove(window.data(), text.data() + text.size() - kept, kept);
+  }
+}
+
+// Valid UTF-8 throughout, with at least one multi-byte sequence. A read failure counts as no.
+bool IsMultiByteUtf8File(const std::string& fileName) {
+  constexpr std::size_t kBlock = 1 << 20;
+  ByteFile file;
+  if (file.Open(fileName) != 0) return false;
+  std::string block(kBlock, '\0');
+  Utf8Validator validator;
+  for (;;) {
+    const std::ptrdiff_t got = file.Read(block.data(), kBlock);
+    if (got < 0) return false;
+    if (got == 0) return validator.IsMultiByteUtf8();
+    if (!validator.Feed(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
+      return false;
+    }
   }
 }
 
@@ -103,11 +121,10 @@ void ShowNotTextFile(Host& host, const std::string& name, double controlPercent,
 }
 
 void ShowMacNotice(Host& host, const std::string& name) {
-  Tell(host, "This is a Mac-style text file",
-       "File " + name + kNewLine + "has Macintosh-type line endings (CR)." + kNewLine + kNewLine +
-           "You might wish to use a program such as Notepad++" + kNewLine +
-           "to convert the line endings to Windows-type (CR+LF).",
-       MessageIcon::Information);
+  Inform(host, "This is a Mac-style text file",
+         "File " + name + kNewLine + "has Macintosh-type line endings (CR)." + kNewLine +
+             kNewLine + "You might wish to use a program such as Notepad++" + kNewLine +
+             "to convert the line endings to Windows-type (CR+LF).");
 }
 
 // LF-only files are slow to read line by line on the desktop: large ones need consent, very
@@ -129,7 +146,7 @@ bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int1
           "It is advisable to use a program such as Notepad++" + kNewLine +
           "to convert the line endings to Windows-type (CR+LF).";
   if (!askBeforeSlowFile) {
-    Tell(host, "This is a Unix-style file", text, MessageIcon::Information);
+    Inform(host, "This is a Unix-style file", text);
     return true;
   }
   const std::string title = "This is a Unix-style text file";
@@ -142,78 +159,27 @@ bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int1
   return false;
 }
 
-void MakeCurrentDirectory(const std::string& folder) {
-  if (folder.empty() || !FolderExists(folder)) return;
-  std::error_code ignored;
-  std::filesystem::current_path(folder, ignored);
+// Reads the first maxBytes bytes of a file: 0, or a negative probe code when it cannot be read.
+int16_t ReadSample(const std::string& fileName, int32_t maxBytes, std::string& sample) {
+  ByteFile file;
+  if (int osError = file.Open(fileName)) {
+    if (osError == ENOENT) return kProbeZeroLength;  // vanished since the probe
+    return ProbeCodeOfOsError(osError);
+  }
+  int64_t n = std::min<int64_t>(file.Size(), std::max<int32_t>(maxBytes, 0));
+  if (n <= 0) return kProbeZeroLength;
+  sample.resize(static_cast<std::size_t>(n));
+  std::ptrdiff_t got = file.Read(sample.data(), sample.size());
+  if (got < 0) return ProbeCodeOfOsError(file.LastError());
+  if (got == 0) return kProbeZeroLength;
+  sample.resize(static_cast<std::size_t>(got));
+  return 0;
 }
 
-}  // namespace
-
-bool HasTextExtension(const std::string& fileName) {
-  static constexpr std::array<std::string_view, 11> kTextExtensions = {
-      "txt", "log", "xml", "htm", "html", "shtm", "shtml", "xhtm", "xhtml", "csv", "prn"};
-  std::string extension = LowerExtension(fileName);
-  for (std::string_view known : kTextExtensions) {
-    if (extension == known) return true;
-  }
-  return false;
-}
-
-int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints) {
-  if (fileName.empty()) return kProbeEmptyName;
-  if (!FileExists(fileName)) return kProbeNotFound;
-  std::array<unsigned char, 5> b{};
-  {
-    ByteFile file;
-    if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
-    if (file.Size() == 0) return kProbeZeroLength;
-    if (file.Size() < 5) return kProbeOneToFourBytes;
-    std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
-    if (got < 0) return ProbeCodeOfOsError(file.LastError());
-    if (got < 5) return kProbeOtherError;
-  }
-  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
-  int16_t code = ProbeByteOrderMark(b.data());
-  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
-  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
-      HasUtf8Hint(fileName)) {
-    code = kProbeUtf8;
-  }
-  return code;
-}
-
-int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
-                         unsigned char& firstControlChar, int32_t& firstControlPos,
-                         double tolerancePercent, double& controlPercent, bool& isUtf8,
-                         bool checkCharsetHints) {
-  firstControlChar = ' ';
-  firstControlPos = 0;
-  int16_t probe = DetectFileEncoding(fileName, checkCharsetHints);
-  if (probe < 0 || probe == kProbeRtf) return probe;
-  if (probe == kProbeUtf8) {
-    isUtf8 = true;
-    return kClassCrLf;
-  }
-  if (probe != kProbeUndecided) return kClassOtherUnicode;
-
-  controlPercent = 0;
-  std::string sample;
-  {
-    ByteFile file;
-    if (int osError = file.Open(fileName)) {
-      if (osError == ENOENT) return kProbeZeroLength;  // vanished since the probe
-      return ProbeCodeOfOsError(osError);
-    }
-    int64_t n = std::min<int64_t>(file.Size(), std::max<int32_t>(maxBytes, 0));
-    if (n <= 0) return kProbeZeroLength;
-    sample.resize(static_cast<std::size_t>(n));
-    std::ptrdiff_t got = file.Read(sample.data(), sample.size());
-    if (got < 0) return ProbeCodeOfOsError(file.LastError());
-    if (got == 0) return kProbeZeroLength;
-    sample.resize(static_cast<std::size_t>(got));
-  }
-
+// The class of a sample by its control characters (tab, form feed and backspace do not count)
+// and its line ends.
+int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char& firstControlChar,
+                       int32_t& firstControlPos, double tolerancePercent, double& controlPercent) {
   bool lfSeen = false;
   bool crSeen = false;
   int64_t count = 0;
@@ -244,16 +210,87 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
   return kClassCrLf;
 }
 
+void MakeCurrentDirectory(const std::string& folder) {
+  if (folder.empty() || !FolderExists(folder)) return;
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
+}
+
+}  // namespace
+
+bool HasTextExtension(const std::string& fileName) {
+  static constexpr std::array<std::string_view, 11> kTextExtensions = {
+      "txt", "log", "xml", "htm", "html", "shtm", "shtml", "xhtm", "xhtml", "csv", "prn"};
+  std::string extension = LowerExtension(fileName);
+  for (std::string_view known : kTextExtensions) {
+    if (extension == known) return true;
+  }
+  return false;
+}
+
+int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints, TextRules rules) {
+  if (fileName.empty()) return kProbeEmptyName;
+  if (!FileExists(fileName)) return kProbeNotFound;
+  std::array<unsigned char, 5> b{};
+  {
+    ByteFile file;
+    if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
+    if (file.Size() == 0) return kProbeZeroLength;
+    if (file.Size() < 5) return kProbeOneToFourBytes;
+    std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
+    if (got < 0) return ProbeCodeOfOsError(file.LastError());
+    if (got < 5) return kProbeOtherError;
+  }
+  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
+  int16_t code = ProbeByteOrderMark(b.data());
+  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
+  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
+      HasUtf8Hint(fileName)) {
+    code = kProbeUtf8;
+  }
+  if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(fileName)) {
+    code = kProbeUtf8;
+  }
+  return code;
+}
+
+int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
+                         unsigned char& firstControlChar, int32_t& firstControlPos,
+                         double tolerancePercent, double& controlPercent, bool& isUtf8,
+                         bool checkCharsetHints, TextRules rules) {
+  firstControlChar = ' ';
+  firstControlPos = 0;
+  int16_t probe = DetectFileEncoding(fileName, checkCharsetHints, rules);
+  if (probe < 0 || probe == kProbeRtf) return probe;
+  if (probe == kProbeUtf8 && rules == TextRules::Classic) {
+    isUtf8 = true;
+    return kClassCrLf;
+  }
+  if (probe != kProbeUndecided && probe != kProbeUtf8) return kClassOtherUnicode;
+
+  controlPercent = 0;
+  std::string sample;
+  if (int16_t failure = ReadSample(fileName, maxBytes, sample)) return failure;
+  const int16_t verdict = ClassifySample(sample, maxBytes, firstControlChar, firstControlPos,
+                                         tolerancePercent, controlPercent);
+  // Under the modern rules a UTF-8 file is scanned too, but its line ends decide nothing.
+  if (probe == kProbeUtf8 && verdict > kClassNotText) {
+    isUtf8 = true;
+    return kClassCrLf;
+  }
+  return verdict;
+}
+
 bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& fileName,
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
-                    bool askBeforeSlowFile) {
+                    bool askBeforeSlowFile, TextRules rules) {
   host.SetCaption(Control::Status, "");
   int64_t fileLength = FileSize(fileName);
   unsigned char firstControlChar = ' ';
   int32_t firstControlPos = 0;
   double controlPercent = 0;
   classCode = ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0,
-                               controlPercent, isUtf8, true);
+                               controlPercent, isUtf8, true, rules);
   if (classCode == kProbeEmptyName) return false;
   if (classCode < 0 || classCode == kProbeRtf || classCode == kClassOtherUnicode) {
     ShowProbeFailure(host, fileName, classCode);
@@ -264,6 +301,7 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     return false;
   }
   if (skipLineEndingChecks || classCode == kClassCrLf) return true;
+  if (classCode == kClassLfOnly && rules == TextRules::Modern) return true;
   if (classCode == kClassCrOnly) {
     if (!blnMacNoticeShown) {
       blnMacNoticeShown = true;
@@ -272,6 +310,16 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     return true;
   }
   return CheckUnixFile(host, fileName, fileLength, classCode, askBeforeSlowFile);
+}
+
+bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules) {
+  unsigned char firstControlChar = ' ';
+  int32_t firstControlPos = 0;
+  double controlPercent = 0;
+  bool isUtf8 = false;
+  ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0, controlPercent,
+                   isUtf8, true, rules);
+  return isUtf8;
 }
 
 int16_t IsZipFile(const std::string& fileName) {

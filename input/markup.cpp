@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "input/character_entities.h"
+#include "input/character_references.h"
 #include "input/text_search.h"
 #include "support/file_utils.h"
 
@@ -10,51 +10,11 @@ namespace wordtally {
 
 namespace {
 
-constexpr std::size_t kMaxEntityLength = 12;  // "&#x10FFFF;" and the longest named entities
-
 bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsAsciiDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 bool IsTagNameChar(char c) {
   return IsAsciiLetter(c) || IsAsciiDigit(c) || c == ':' || c == '-' || c == '_' || c == '.';
-}
-bool IsEntityBodyChar(char c) { return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '#'; }
-
-int HexDigitValue(char c) {
-  if (IsAsciiDigit(c)) return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
-// The code point of "&#NNN;" or "&#xHH;", or -1.
-long NumericEntityValue(std::string_view entity) {
-  if (entity.size() < 4 || entity[1] != '#') return -1;
-  std::string_view digits = entity.substr(2, entity.size() - 3);
-  int base = 10;
-  if (digits[0] == 'x' || digits[0] == 'X') {
-    base = 16;
-    digits.remove_prefix(1);
-  }
-  if (digits.empty() || digits.size() > 7) return -1;
-  long value = 0;
-  for (char c : digits) {
-    int digit = base == 16 ? HexDigitValue(c) : (IsAsciiDigit(c) ? c - '0' : -1);
-    if (digit < 0) return -1;
-    value = value * base + digit;
-  }
-  return value;
-}
-
-// The code-page byte of a code point, or -1. References to 128-159 are read as the code page's
-// own characters there, as browsers do; control characters become a blank.
-int CodePageByteOf(long codePoint) {
-  if (codePoint < 32) return ' ';
-  if (codePoint < 160) return static_cast<int>(codePoint);
-  for (int byte = 128; byte < 256; ++byte) {
-    if (AnsiToUnicode(static_cast<unsigned char>(byte)) == codePoint) return byte;
-  }
-  return -1;
 }
 
 bool IsRawTextElement(std::string_view name) {
@@ -95,25 +55,6 @@ bool OpensHtmlHead(std::string_view line) {
   return false;
 }
 
-std::size_t DecodeEntityAt(std::string_view text, std::size_t at, AnsiString& out) {
-  if (at >= text.size() || text[at] != '&') return 0;
-  std::size_t end = at + 1;
-  while (end < text.size() && end - at < kMaxEntityLength && IsEntityBodyChar(text[end])) ++end;
-  if (end >= text.size() || text[end] != ';' || end == at + 1) return 0;
-  std::string_view entity = text.substr(at, end - at + 1);
-  AnsiString named(entity);
-  ReplaceCharacterEntities(named);
-  if (named != entity) {
-    out += named;
-    return entity.size();
-  }
-  int byte = -1;
-  if (long codePoint = NumericEntityValue(entity); codePoint >= 0) byte = CodePageByteOf(codePoint);
-  if (byte < 0) return 0;
-  out += static_cast<char>(byte);
-  return entity.size();
-}
-
 void MarkupFilter::FilterLine(AnsiString& line) {
   if (state_ == State::Text && line.find_first_of("<&") == AnsiString::npos) return;
   scratch_.clear();
@@ -139,10 +80,13 @@ void MarkupFilter::FilterLine(AnsiString& line) {
   line.swap(scratch_);
 }
 
-// At an "&" or "<" of running text: decodes an entity or enters the construct that begins there.
+// At an "&" or "<" of running text: decodes a character reference or enters the construct that
+// begins there.
 std::size_t MarkupFilter::StartConstruct(std::string_view line, std::size_t at) {
   if (line[at] == '&') {
-    std::size_t used = DecodeEntityAt(line, at, scratch_);
+    const ReferenceNames names =
+        kind_ == MarkupKind::Xml ? ReferenceNames::Xml : ReferenceNames::Html;
+    const std::size_t used = DecodeCharacterReferenceAt(line, at, names, scratch_);
     if (used == 0) scratch_ += '&';
     return at + std::max<std::size_t>(used, 1);
   }

@@ -1,8 +1,9 @@
 #pragma once
 // The markup layer: recognises HTML, XML and PHP input and strips a line of everything that is
 // not running text (tags, script/style/noscript sections, comments, CDATA sections, PHP code),
-// decoding character entities on the way. State carries from line to line, so every construct
-// may span lines; an unterminated one simply swallows the rest of the input.
+// decoding character references on the way (all of HTML's names; XML's five in XML files).
+// State carries from line to line, so every construct may span lines; an unterminated one
+// simply swallows the rest of the input.
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -22,19 +23,14 @@ MarkupKind DetectMarkupKind(const std::string& fileName, std::string_view firstL
 // True when line holds an HTML "<head>" start tag (not "<header>").
 bool OpensHtmlHead(std::string_view line);
 
-// Decodes the character entity that begins with the "&" at position at: a named entity known
-// to the line walk's table, or "&#NNN;" / "&#xHH;" of a character of the code page (control
-// characters become a blank). Appends the decoded text to out and returns the entity's length,
-// or returns 0 (out untouched) when there is no entity there.
-std::size_t DecodeEntityAt(std::string_view text, std::size_t at, AnsiString& out);
-
 class MarkupFilter {
  public:
   explicit MarkupFilter(MarkupKind kind) : kind_(kind) {}
 
   // Replaces each tag, comment, CDATA section, script/style/noscript section and (PHP) code
-  // block by one blank, so that the words on either side stay apart, and decodes entities in
-  // the text between. A line with neither "<" nor "&" outside any construct is left untouched.
+  // block by one blank, so that the words on either side stay apart, and decodes the character
+  // references in the text between. A line with neither "<" nor "&" outside any construct is
+  // left untouched.
   void FilterLine(AnsiString& line);
 
   // True while a construct begun on an earlier line is still open.

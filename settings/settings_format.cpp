@@ -29,6 +29,9 @@ struct Field {
   std::string_view key;
   std::variant<Ref<int>, Ref<bool>, Ref<AnsiString>> value;
   int choices = 0;  // a number holds one of 0 .. choices - 1
+  // An option added after the first version of the format: written only when it is on, so that
+  // files of the classic settings stay exactly as they were, and off when a file leaves it out.
+  bool offUnlessNamed = false;
 };
 
 int ItemCount(const std::vector<AnsiString>& items) { return static_cast<int>(items.size()); }
@@ -58,6 +61,7 @@ std::vector<Field<Record>> FieldsOf(Record& s) {
       {"chkOutputWithCommas", &s.chkOutputWithCommas, kBox},
       {"chkWarnOnOverwrite", &s.chkWarnOnOverwrite, kBox},
       {"chkSaveStateOnQuit", &s.chkSaveStateOnQuit, kBox},
+      {"chkModernText", &s.chkModernText, kBox, true},
       // Main window.
       {"optInFile", &s.optInFile, kBox},
       {"chkUTF8", &s.chkUTF8, kBox},
@@ -181,7 +185,8 @@ std::string FormatSettings(const CountingSettings& settings) {
   std::string text = std::string(kSettingsHeader) + "\n" + std::string(kExplanation) + "\n" +
                      std::string(kVersionKey) + "=" + std::to_string(kSettingsFormatVersion) + "\n";
   for (const Field<const CountingSettings>& field : FieldsOf(settings)) {
-    text += std::string(field.key) + "=" + FormatValue(field) + "\n";
+    const std::string value = FormatValue(field);
+    if (!field.offUnlessNamed || value != "0") text += std::string(field.key) + "=" + value + "\n";
   }
   return text;
 }
@@ -194,6 +199,10 @@ SettingsParseResult ParseSettings(std::string_view text, CountingSettings& setti
 
   CountingSettings loaded = settings;  // the record changes only when the whole file is good
   const std::vector<Field<CountingSettings>> fields = FieldsOf(loaded);
+  for (const Field<CountingSettings>& field : fields) {
+    AnsiString unused;
+    if (field.offUnlessNamed) StoreValue(field, "0", unused);
+  }
   for (const SettingLine& line : lines) {
     for (const Field<CountingSettings>& field : fields) {
       AnsiString problem;

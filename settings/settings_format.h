@@ -14,7 +14,9 @@
 //   txbFile0="/home/ann/Books/Café.txt"
 //
 // Blank lines and lines starting with '#' or ';' are comments. Blanks around keys and values are
-// not significant. Unknown keys are ignored; a missing key keeps the record's value.
+// not significant. Unknown keys are ignored; a missing key keeps the record's value, except for
+// options added after the first version (chkModernText), which are written only when on and are
+// off when missing.
 // strWordsToIgnore is not stored: it is derived from txbWordsToIgnore, and whoever loads a file
 // prepares it again with txbWordsToIgnore_LostFocus.
 #include <string>

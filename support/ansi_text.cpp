@@ -23,15 +23,6 @@ constexpr std::array<char16_t, 256> kUnicode = MakeUnicodeTable();
 
 constexpr const detail::CaseTables& kCase = detail::kAnsiCase;
 
-// The code-page byte of a Unicode code point, or '?' when there is none.
-char CodePointToAnsi(char32_t cp) {
-  if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
-  for (int i = 0; i < 32; ++i) {
-    if (kHighControls[i] == cp) return static_cast<char>(0x80 + i);
-  }
-  return '?';
-}
-
 void AppendUtf8(std::string& out, char32_t cp) {
   if (cp < 0x80) {
     out += static_cast<char>(cp);
@@ -62,6 +53,14 @@ char32_t NextCodePoint(std::string_view text, size_t& i) {
 }  // namespace
 
 char16_t AnsiToUnicode(unsigned char byte) { return kUnicode[byte]; }
+
+char CodePointToAnsi(char32_t cp) {
+  if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
+  for (int i = 0; i < 32; ++i) {
+    if (kHighControls[i] == cp) return static_cast<char>(0x80 + i);
+  }
+  return '?';
+}
 
 std::u16string AnsiToUtf16(std::string_view text) {
   std::u16string out(text.size(), u'\0');

@@ -13,6 +13,8 @@ inline constexpr std::string_view kCrLf = "\r\n";
 
 // The UTF-16 code unit of a Windows-1252 byte (the five unassigned bytes map to U+0081 etc.).
 char16_t AnsiToUnicode(unsigned char byte);
+// The code-page byte of a Unicode code point; '?' (never part of a word) when there is none.
+char CodePointToAnsi(char32_t codePoint);
 std::u16string AnsiToUtf16(std::string_view text);
 std::string AnsiToUtf8(std::string_view text);
 // A character outside the code page becomes '?'.

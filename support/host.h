@@ -20,6 +20,9 @@ struct MessageBoxRequest {
   MessageIcon icon = MessageIcon::None;
   MessageButtons buttons = MessageButtons::Ok;
   Answer defaultButton = Answer::Ok;  // for Yes/No boxes: Yes unless stated
+  // Only informs: nothing is refused or wrong, and the run goes on as if it had not been shown
+  // (a terminal shows such boxes only when asked to).
+  bool notice = false;
 };
 
 // Labels and buttons whose caption or visibility the engine sets.
@@ -85,6 +88,12 @@ class Host {
 // A message box with an OK button only.
 inline void Tell(Host& host, std::string_view title, std::string_view text, MessageIcon icon) {
   host.ShowMessage({AnsiString(title), AnsiString(text), icon, MessageButtons::Ok, Answer::Ok});
+}
+
+// A notice: an information box with an OK button only.
+inline void Inform(Host& host, std::string_view title, std::string_view text) {
+  host.ShowMessage({AnsiString(title), AnsiString(text), MessageIcon::Information,
+                    MessageButtons::Ok, Answer::Ok, true});
 }
 
 }  // namespace wordtally

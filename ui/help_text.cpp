@@ -13,8 +13,10 @@ their frequencies. Only words of three or more letters are counted.</p>
 <li>Choose the source: <b>file</b> or <b>clipboard</b>.</li>
 <li>For a file, type its name into <i>Input file</i>, choose it with <i>Choose...</i> or drop it
 onto the window. Text files (ANSI or UTF-8; markup in HTML, XML and PHP files is skipped) and
-Word "docx" documents can be counted. When a file is chosen it is checked at once, and the
-<b>UTF-8</b> box is set when the file appears to be UTF-8 encoded.</li>
+Word "docx" documents can be counted. Character references of web pages, such as
+&amp;eacute; or &amp;#8220;, are read as the characters they stand for. When a file is chosen
+it is checked at once, and the <b>UTF-8</b> box is set when the file appears to be UTF-8
+encoded.</li>
 <li>For the clipboard, copy the text in another program, or type or paste it into the left-hand
 text box and press <i>Copy to clipboard</i>. <i>Paste clipboard text</i> shows the clipboard's
 text in that box; the label below it tells how much text the clipboard holds.</li>
@@ -50,10 +52,28 @@ sorted) when you leave the box; a character that cannot occur in a word is repor
 line.</li>
 <li><b>Include commas in output file</b>, <b>Warn before overwriting output file</b> and
 <b>Save settings on quit</b>.</li>
+<li><b>Modern text handling</b>: see below.</li>
 </ul>
 <p><i>Save settings...</i> and <i>Load settings...</i> keep named settings files ("*.qzl"),
 which the command line reads too (<code>--settings</code>). <i>Reinitialize</i> restores the
 default settings.</p>
+
+<h3>Modern text handling</h3>
+<p>The classic rules were made for text files written on Windows. For text from today's
+systems (Linux, macOS, the web) tick <b>Modern text handling</b> in the settings window
+(command line: <code>--modern-text</code>). Then:</p>
+<ul>
+<li>a file with Unix line ends (LF) is counted whatever its size, without notices or
+questions;</li>
+<li>a file whose bytes are valid UTF-8 with at least one non-ASCII character is taken as UTF-8,
+even without a byte-order mark or charset declaration (a German novel saved on Linux, say, whose
+words would otherwise come out garbled), and every file taken as UTF-8 is also checked for
+control characters, so that a binary file is refused;</li>
+<li>clipboard text is refused only for real control characters, so that curly apostrophes and
+dashes no longer make it "not natural language words".</li>
+</ul>
+<p>Use it for such files and texts; leave it off to get exactly the classic messages and
+results.</p>
 
 <h3>Listing formats</h3>
 <p>The word order is <b>by frequency</b> (most frequent first, with ranks) or

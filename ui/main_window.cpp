@@ -345,6 +345,8 @@ void MainWindow::ConnectControls() {
     const AnsiString& input = settings_.txbFile[0];
     if (FileExists(input)) VetInputFile(input);
   });
+  connect(settingsWindow_, &SettingsWindow::textRulesChanged, this,
+          &MainWindow::VetChosenTextFileAgain);
   connect(settingsWindow_, &SettingsWindow::languageRequested, languageWindow_, &QDialog::show);
   connect(languageWindow_, &LanguageWindow::commonWordsFileChosen, this,
           &MainWindow::LoadCommonWordsFile);
@@ -453,9 +455,16 @@ void MainWindow::VetInputFile(const AnsiString& name) {
   settings_.chkUTF8 = 0;
   bool isUtf8 = false;
   int16_t classCode = 0;
-  CheckInputFile(*host_, ctx_->blnMacNoticeShown, name, false, isUtf8, classCode, false);
+  CheckInputFile(*host_, ctx_->blnMacNoticeShown, name, false, isUtf8, classCode, false,
+                 TextRulesOf(settings_));
   settings_.chkUTF8 = isUtf8 ? 1 : 0;
   chkUTF8_->setChecked(isUtf8);
+}
+
+// The text rules changed: the UTF-8 box shows the verdict of the new ones.
+void MainWindow::VetChosenTextFileAgain() {
+  const AnsiString& input = settings_.txbFile[0];
+  if (FileExists(input) && LowerExtension(input) != "docx") VetInputFile(input);
 }
 
 void MainWindow::OnChooseOutputFile() {
@@ -478,8 +487,10 @@ void MainWindow::LoadCommonWordsFile(const AnsiString& path) {
 void MainWindow::ReinitializeProgram() {
   ctx_->run = RunState{};
   ctx_->run.blnStartUpCompleted = true;
+  const TextRules rulesBefore = TextRulesOf(settings_);
   SetDefaultValues(settings_);
   settings_.chkIgnoreCommonWords = 0;
+  if (TextRulesOf(settings_) != rulesBefore) VetChosenTextFileAgain();
   RefreshFromSettings();
   settingsWindow_->ShowStatus("Program reinitialized.");
 }

@@ -74,6 +74,7 @@ class MainWindow : public QMainWindow {
   void OnSuppressWordsToggled(bool checked);
   void OnInputFileChosen(const QString& path);
   void VetInputFile(const AnsiString& name);
+  void VetChosenTextFileAgain();
   void LoadCommonWordsFile(const AnsiString& path);
   void ReinitializeProgram();
   void UpdateEnabledState();

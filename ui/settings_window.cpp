@@ -41,6 +41,7 @@ SettingsWindow::SettingsWindow(CountingSettings& settings, Host& host, QWidget* 
   columns->addWidget(BuildCommentsBox(), 1, 0);
   columns->addWidget(BuildIgnoreBox(), 0, 1);
   columns->addWidget(BuildOutputBox(), 1, 1);
+  columns->addWidget(BuildInputTextBox(), 2, 0, 1, 2);
   layout->addWidget(content_);
   layout->addWidget(BuildButtons());
   lblStatus_ = new QLabel(this);
@@ -174,6 +175,20 @@ QWidget* SettingsWindow::BuildOutputBox() {
   layout->addWidget(NewCheckBox("Save settings on quit", "chkSaveStateOnQuit",
                                 &CountingSettings::chkSaveStateOnQuit, box));
   layout->addStretch(1);
+  return box;
+}
+
+QWidget* SettingsWindow::BuildInputTextBox() {
+  auto* box = new QGroupBox(tr("Input text"), content_);
+  auto* layout = new QVBoxLayout(box);
+  QCheckBox* modern = NewCheckBox("Modern text handling (UTF-8 without a mark, Unix line ends)",
+                                  "chkModernText", &CountingSettings::chkModernText, box);
+  modern->setToolTip(
+      tr("Recognises a file of valid UTF-8 as UTF-8 even without a byte-order mark or charset, "
+         "counts files with Unix line ends at any size without asking, and refuses clipboard "
+         "text only for real control characters. Off: the classic rules."));
+  connect(modern, &QCheckBox::clicked, this, &SettingsWindow::textRulesChanged);
+  layout->addWidget(modern);
   return box;
 }
 

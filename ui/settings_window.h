@@ -38,6 +38,8 @@ class SettingsWindow : public QDialog {
   void settingsLoaded();
   void languageRequested();
   void commonWordsFileChosen(const AnsiString& path);
+  // The modern text handling was switched on or off: a chosen file is to be vetted again.
+  void textRulesChanged();
 
  private:
   struct CheckBinding {
@@ -49,6 +51,7 @@ class SettingsWindow : public QDialog {
   QWidget* BuildIgnoreBox();
   QWidget* BuildCommentsBox();
   QWidget* BuildOutputBox();
+  QWidget* BuildInputTextBox();
   QWidget* BuildButtons();
   QCheckBox* NewCheckBox(const char* caption, const char* name, int CountingSettings::*option,
                          QWidget* parent);

@@ -88,7 +88,6 @@ struct Invocation {
 TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
   const std::string mixed = "mixed_ansi_crlf.txt", cases = "case_lf.txt";
   const std::string utf8 = "mixed_utf8_crlf.txt", utf8Bom = "mixed_utf8_bom_lf.txt";
-  const std::string utf8Question = "UTF-8 or ANSI file?: This file seems to be UTF-8 encoded.";
   const std::string usage = "Run with --help for more information.";
   const TemporaryFolder folder;
   const std::string missing = folder.Path() + "/none.txt", input = folder.Path() + "/words.txt";
@@ -97,17 +96,16 @@ TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
   std::ofstream(binary, std::ios::binary) << std::string("Hello\0world", 11);
   std::ofstream(input, std::ios::binary) << "alpha beta gamma\r\n";
   const Invocation kRuns[] = {
-      // The same text whatever its encoding and line ends; a UTF-8 file is asked about. Commas
-      // only concern an output file.
+      // The same text whatever its encoding and line ends; as in the window, the UTF-8 box
+      // follows the detection, so nothing is asked. Commas only concern an output file.
       {{"--commas", mixed}, MixedListing()},
-      {{utf8Bom}, MixedListing(), 0, utf8Question},
-      {{utf8}, MixedListing(), 0, utf8Question},
+      {{utf8Bom}, MixedListing()},
+      {{utf8}, MixedListing()},
       // C3 is the letter A tilde and E2 a circumflex; the bytes after them are not letters.
       {{"--ansi", utf8},
        Ranked(5, {{4, 1, "all"}, {3, 2, "ber"}, {2, 3, "cafã"}, {5, 1, "crã"}, {6, 1, "end"},
                   {7, 1, "lait"}, {8, 1, "naã"}, {9, 1, "noir"}, {10, 1, "straã"},
-                  {11, 1, "thatâ"}, {1, 4, "the"}}),
-       0, utf8Question},
+                  {11, 1, "thatâ"}, {1, 4, "the"}})},
       {{"--ignore", "the end", "--stats", mixed},
        Ranked(6, {{3, 1, "all"}, {1, 3, "café"}, {4, 1, "crème"}, {5, 1, "lait"},
                   {6, 1, "naïve"}, {7, 1, "noir"}, {8, 1, "straße"}, {9, 1, "that"},
@@ -118,8 +116,7 @@ TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
       // "the", "that" and "all" are common English words.
       {{"--language", "en", utf8Bom},
        Ranked(6, {{1, 3, "café"}, {3, 1, "crème"}, {4, 1, "end"}, {5, 1, "lait"},
-                  {6, 1, "naïve"}, {7, 1, "noir"}, {8, 1, "straße"}, {2, 2, "über"}}),
-       0, utf8Question},
+                  {6, 1, "naïve"}, {7, 1, "noir"}, {8, 1, "straße"}, {2, 2, "über"}})},
       // Apple apple / banana apple. "Apple" and "apple" share a sort key; "apple" stays first.
       {{"--format", "0", cases}, Ranked(6, {{1, 3, "apple"}, {2, 1, "banana"}})},
       {{"--case-sensitive", cases},
@@ -170,7 +167,9 @@ TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
     const ProgramOutcome run = RunWordtally(args, stdinFile);
     EXPECT_EQ(run.exitStatus, exitStatus) << run.err;
     EXPECT_EQ(run.out, out);
-    EXPECT_THAT(run.err, ::testing::HasSubstr(errorNote));
+    // Standard error is quiet unless something was refused or went wrong.
+    if (errorNote.empty()) EXPECT_EQ(run.err, "");
+    else EXPECT_THAT(run.err, ::testing::HasSubstr(errorNote));
   }
   EXPECT_EQ(ReadFile(input), "alpha beta gamma\r\n");
 }
@@ -192,6 +191,66 @@ TEST(Wordtally, OutputFileHoldsWindows1252WithCrLfAndReplacesAnEarlierOne) {
                   ".\r\nSet File Origin: Windows (ANSI) & Text qualifier: double-quote.\"\r\n" +
                   InOutputFile(MixedListing(commas)));
   }
+}
+
+// Real pages and texts from public collections, and the modern text switch.
+TEST(Wordtally, EbookPageListsItsWordsAndNoEntityNames) {
+  const std::string page = WORDTALLY_TEST_DATA "/en_gutenberg_news_from_nowhere_ch13.htm";
+  const std::string frequent =
+      RunWordtally({"--order", "frequency", "--format", "5", "--min-frequency", "2", page}).out;
+  EXPECT_EQ(frequent,
+            "    Freq  Word (longest has 8 characters)\n       6  you\n       5  that\n"
+            "       3  politics\n       3  said\n       2  believe\n       2  chapter\n"
+            "       2  know\n       2  make\n       2  question\n       2  the\n       2  this\n"
+            "       2  will\n       2  would\n");
+  const std::string listing = RunWordtally({"--format", "8", page}).out;
+  for (const char* name : {"ldquo", "rdquo", "mdash", "nbsp", "rsquo"}) {
+    EXPECT_EQ(listing.find(name), std::string::npos) << name;
+  }
+}
+
+TEST(Wordtally, CommandLineDetectsUtf8AsTheWindowDoesAndTellsOnlyWhatMatters) {
+  const std::string poem = WORDTALLY_TEST_DATA "/pl_pan_tadeusz_invocation_utf8_lf.txt";
+  const std::string bom = "mixed_utf8_bom_lf.txt";
+  const std::string refusal = "Incompatible setting: Scanning as UTF-8 is not compatible with\n";
+  const struct {
+    std::vector<std::string> args;
+    int exitStatus;
+    std::string errStart;  // the beginning of standard error; "": nothing at all
+  } kCases[] = {
+      {{"--ascii-only", bom}, 1, refusal},
+      {{"--ascii-only", "--modern-text", poem}, 1, refusal},
+      {{"--ascii-only", poem}, 0, ""},  // not UTF-8 by the classic rules
+      {{"--ascii-only", "--ansi", bom}, 0, ""},
+      {{"--ascii-only", "--ansi", "--verbose", bom}, 0, "UTF-8 or ANSI file?: This file seems"},
+      {{"--language", "en", bom}, 0, ""},
+      {{"--language", "en", "--verbose", bom}, 0, "Common words loaded: "},
+  };
+  for (const auto& [args, exitStatus, errStart] : kCases) {
+    const ProgramOutcome run = RunWordtally(args);
+    EXPECT_EQ(run.exitStatus, exitStatus) << args[0] << " " << args[1];
+    EXPECT_EQ(run.err.substr(0, errStart.empty() ? std::string::npos : errStart.size()), errStart);
+    EXPECT_EQ(run.out.empty(), exitStatus != 0);
+  }
+}
+
+TEST(Wordtally, ModernTextReadsUtf8WithoutMarksAndTypographicStandardInput) {
+  const std::string poem = WORDTALLY_TEST_DATA "/pl_pan_tadeusz_invocation_utf8_lf.txt";
+  const std::string modern = RunWordtally({"--modern-text", "--format", "8", poem}).out;
+  const std::string classic = RunWordtally({"--format", "8", poem}).out;
+  for (const std::string word : {"gród", "nowogródzki", "pagórków", "rozmaitém"}) {
+    EXPECT_NE(modern.find("\n" + word + "\n"), std::string::npos) << word;
+    EXPECT_EQ(classic.find("\n" + word + "\n"), std::string::npos) << word;
+  }
+  EXPECT_NE(classic.find("\ngrã\n"), std::string::npos);
+
+  const TemporaryFolder folder;
+  const std::string text = folder.Path() + "/text";
+  std::ofstream(text, std::ios::binary) << "It\xE2\x80\x99s the end \xE2\x80\x94 or not\n";
+  // Classic: U+2019 has the low byte of a control character.
+  EXPECT_EQ(RunWordtally({"-"}, text).exitStatus, 1);
+  EXPECT_EQ(RunWordtally({"--modern-text", "--format", "8", "-"}, text).out,
+            "Word (longest has 3 characters)\nend\nnot\nthe\n");
 }
 
 }  // namespace

@@ -92,11 +92,11 @@ TEST(MarkupTest, KindHeadAndFilteringAcrossLines) {
       {Html, {"a <!-- b", "hidden", "c --> d"}, {"a  ", "", " d"}},
       {Php, {"<?php echo '<b>';", "?>Text <?= $v ?>end"}, {" ", "Text  end"}},
       // Outside PHP "<?" opens a plain tag.
-      {Xml, {"<?xml v=\"1\"?>doc"}, {" doc"}}, {Html, {"<p title=\"&amp;\">&lt;</p>"}, {" &lt; "}},
+      {Xml, {"<?xml v=\"1\"?>doc"}, {" doc"}}, {Html, {"<p title=\"&amp;\">&lt;</p>"}, {" < "}},
       {Html, {"caf&eacute; &amp; &#233;&#xE9;&#XE9;"}, {"caf\xE9 & \xE9\xE9\xE9"}},
       {Html, {"&#8212;&#8364;&#x152;&#150;&#9;."}, {"\x97\x80\x8C\x96 ."}},
-      // Not entities, or characters outside the code page: left as text.
-      {Html, {"&#x2603; &bogus; &#; & x &;"}, {"&#x2603; &bogus; &#; & x &;"}},
+      // Not entities: left as text. A character outside the code page: "?".
+      {Html, {"&#x2603; &bogus; &#; & x &;"}, {"? &bogus; &#; & x &;"}},
       {Html, {"a&b&amp;"}, {"a&b&"}}, {Html, {"&amp;amp; &amp;#233;"}, {"&amp; &#233;"}},
       {Html, {"text <!-- never closed", "more words", "<a href=\"x"}, {"text  ", "", ""}, true},
       {Html, {"word <a href=\"x", "y\" still in tag", "z"}, {"word  ", "", ""}, true}};

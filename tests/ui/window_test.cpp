@@ -273,6 +273,22 @@ class WindowTest : public QObject {
                        "      1       1  hund\n      2       1  katze\n");
     QCOMPARE(Caption("lblStatWordsIgnored"), "No. of words ignored (other than common words): 0");
   }
+  // The modern text switch writes the record, vets the chosen file again under its rules, and
+  // Reinitialize turns it off.
+  void modernTextSwitchVetsTheChosenFileAgain() {
+    auto* utf8 = Get<QCheckBox>("chkUTF8");
+    auto* modern = Get<QCheckBox>("chkModernText");
+    // A Polish poem in UTF-8 without a byte-order mark or charset: ANSI by the classic rules.
+    TypeInto("txbFile0", WORDTALLY_TEST_DATA "/pl_pan_tadeusz_invocation_utf8_lf.txt");
+    QVERIFY(!utf8->isChecked());
+    window_->settingsWindow().show();
+    modern->click();
+    QVERIFY(window_->settings().chkModernText == 1 && utf8->isChecked());
+    Count();
+    QVERIFY(Output().contains(u"gr\u00F3d") && shown_.empty());
+    Get<QPushButton>("cmdReinitialize")->click();
+    QVERIFY(window_->settings().chkModernText == 0 && !modern->isChecked() && !utf8->isChecked());
+  }
 };
 
 QTEST_MAIN(WindowTest)
