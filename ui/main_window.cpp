@@ -214,7 +214,13 @@ QWidget* MainWindow::BuildTextPanes() {
   txbOutput_ = new QPlainTextEdit(outputPane);
   txbOutput_->setObjectName("txbOutput");
   txbOutput_->setReadOnly(true);
-  txbOutput_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  // The words found make one long paragraph that is laid out again at each turn of the event
+  // loop while a run echoes them. A fixed-pitch font needs no shaping, and a scroll bar that is
+  // always there spares a second layout whenever the text starts or stops filling the box.
+  QFont outputFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  outputFont.setStyleStrategy(QFont::PreferNoShaping);
+  txbOutput_->setFont(outputFont);
+  txbOutput_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   outputLayout->addWidget(txbOutput_, 1);
 
   splitter->addWidget(pastePane);
@@ -397,6 +403,7 @@ void MainWindow::RunEngineCommand(const std::function<void()>& command) {
   running_ = true;
   UpdateEnabledState();
   command();
+  host_->FlushOutput();  // the box shows the command's last words before anyone looks
   running_ = false;
   engineBusy_ = false;  // a command that ends, however it ends, leaves the window idle
   UpdateEnabledState();
