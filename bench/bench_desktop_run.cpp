@@ -1,0 +1,218 @@
+// Whole desktop runs against the command line on one input file. The real main window, on Qt's
+// offscreen platform, is driven as a user drives it: input and output file typed, "Count words"
+// pressed, message boxes answered with their default button. It counts once with the default
+// settings (words displayed as found) and once with "Don't display words as found" ticked; the
+// command line counts the same file with the same options into an output file of its own.
+//
+//   bench_desktop_run FILE [RUNS]      (RUNS rounds of all three, default 5)
+//
+// Prints the medians of each (wall time, and processor time, which a busy machine disturbs less),
+// the desktop/command-line ratios of the medians, the longest wait between two turns of the event
+// loop during the desktop runs, and whether the two programs wrote the same output file. The
+// command line is timed as a whole process, the desktop from the press of the button until the
+// window has painted the end of the run.
+#include <QApplication>
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "ui/main_window.h"
+
+namespace {
+
+using wordtally::AnsiString;
+using wordtally::MessageBoxRequest;
+using wordtally::ui::MainWindow;
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  const size_t n = values.size();
+  return n % 2 == 1 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
+}
+
+// Processor time (user and system) of this process, or of its finished children, in seconds.
+double ProcessorSeconds(int who) {
+  rusage usage{};
+  getrusage(who, &usage);
+  const auto seconds = [](const timeval& t) { return static_cast<double>(t.tv_sec) + t.tv_usec / 1e6; };
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+struct Timing {
+  double wall = 0;       // seconds
+  double processor = 0;  // seconds
+};
+
+// Times what happens between its construction and Stop(); who: RUSAGE_SELF or RUSAGE_CHILDREN.
+class Stopwatch {
+ public:
+  explicit Stopwatch(int who) : who_(who), processorAtStart_(ProcessorSeconds(who)) { clock_.start(); }
+  Timing Stop() const {
+    return {static_cast<double>(clock_.nsecsElapsed()) / 1e9, ProcessorSeconds(who_) - processorAtStart_};
+  }
+  qint64 ElapsedNs() const { return clock_.nsecsElapsed(); }
+
+ private:
+  int who_;
+  double processorAtStart_;
+  QElapsedTimer clock_;
+};
+
+// The command line counting input into output, listing to nowhere.
+Timing TimeCommandLine(const QString& program, const QString& input, const QString& output) {
+  QProcess process;
+  process.setStandardOutputFile(QProcess::nullDevice());
+  const Stopwatch stopwatch(RUSAGE_CHILDREN);
+  process.start(program, {"--output", output, input});
+  process.waitForFinished(-1);
+  const Timing timing = stopwatch.Stop();
+  if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+    std::fprintf(stderr, "the command line failed: %s\n", qPrintable(process.readAllStandardError()));
+  }
+  return timing;
+}
+
+struct DesktopRun {
+  Timing timing;
+  double longestTurnGapMs = 0;  // also counts from the press to the first turn and from the last
+};
+
+// The main window with a fresh state file; remembers the titles of the boxes it answered.
+class Desktop {
+ public:
+  explicit Desktop(const QString& stateFile) : window_(stateFile) {
+    window_.host().SetAnswerProvider([this](const MessageBoxRequest& request) {
+      titles_.insert(request.title);
+      return request.defaultButton;
+    });
+    window_.show();
+    window_.Start();
+    QCoreApplication::processEvents();  // on the screen before the first press, as for a user
+    // A zero-interval timer fires at every turn of the event loop.
+    probe_.setInterval(0);
+    QObject::connect(&probe_, &QTimer::timeout, [this] { NoteTurn(); });
+  }
+
+  void SetFiles(const QString& input, const QString& output) {
+    Type("txbFile0", input);
+    Type("txbFile1", output);
+  }
+
+  DesktopRun Run(bool echo) {
+    auto* suppress = window_.findChild<QCheckBox*>("chkSuppressWords");
+    if (suppress->isChecked() == echo) suppress->click();  // a run may have ticked it
+    longestGapNs_ = lastTurnNs_ = 0;
+    probe_.start();
+    stopwatch_.emplace(RUSAGE_SELF);
+    window_.findChild<QPushButton*>("cmdCount")->click();
+    QCoreApplication::processEvents();  // the window shows the run's end
+    NoteTurn();
+    const DesktopRun run{stopwatch_->Stop(), static_cast<double>(longestGapNs_) / 1e6};
+    probe_.stop();
+    return run;
+  }
+
+  const std::set<AnsiString>& AnsweredTitles() const { return titles_; }
+
+ private:
+  void Type(const char* box, const QString& text) {
+    auto* edit = window_.findChild<QLineEdit*>(box);
+    edit->setText(text);
+    emit edit->editingFinished();
+  }
+  void NoteTurn() {
+    const qint64 now = stopwatch_->ElapsedNs();
+    longestGapNs_ = std::max(longestGapNs_, now - lastTurnNs_);
+    lastTurnNs_ = now;
+  }
+
+  MainWindow window_;
+  QTimer probe_;
+  std::optional<Stopwatch> stopwatch_;
+  qint64 lastTurnNs_ = 0;
+  qint64 longestGapNs_ = 0;
+  std::set<AnsiString> titles_;
+};
+
+QByteArray ReadBytes(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+Timing Medians(const std::vector<Timing>& timings) {
+  std::vector<double> wall, processor;
+  for (const Timing& t : timings) {
+    wall.push_back(t.wall);
+    processor.push_back(t.processor);
+  }
+  return {Median(wall), Median(processor)};
+}
+
+// The medians, and their ratios to those of the reference when there is one.
+void PrintRow(const char* label, const Timing& median, const Timing* reference) {
+  std::printf("%-34s wall %7.3f s   processor %7.3f s", label, median.wall, median.processor);
+  if (reference) {
+    std::printf("   ratios %5.2f  %5.2f", median.wall / reference->wall,
+                median.processor / reference->processor);
+  }
+  std::printf("\n");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  if (argc < 2 || argc > 3) {
+    std::fprintf(stderr, "usage: bench_desktop_run FILE [RUNS]\n");
+    return 2;
+  }
+  const QString input = QFile::decodeName(argv[1]);
+  const int runs = argc == 3 ? std::max(1, std::atoi(argv[2])) : 5;
+  const QString commandLine = QCoreApplication::applicationDirPath() + "/wordtally";
+  QTemporaryDir scratch;
+  const QString cliOutput = scratch.filePath("cli.txt"), desktopOutput = scratch.filePath("gui.txt");
+
+  Desktop desktop(scratch.filePath("qzl.usr"));
+  desktop.SetFiles(input, desktopOutput);
+  ReadBytes(input);  // into the page cache before the first timed run
+
+  std::vector<Timing> cli, echoing, quiet;
+  double longestGapEchoing = 0, longestGapQuiet = 0;
+  for (int round = 0; round < runs; ++round) {
+    cli.push_back(TimeCommandLine(commandLine, input, cliOutput));
+    const DesktopRun withEcho = desktop.Run(true);
+    echoing.push_back(withEcho.timing);
+    longestGapEchoing = std::max(longestGapEchoing, withEcho.longestTurnGapMs);
+    const DesktopRun withoutEcho = desktop.Run(false);
+    quiet.push_back(withoutEcho.timing);
+    longestGapQuiet = std::max(longestGapQuiet, withoutEcho.longestTurnGapMs);
+  }
+
+  std::printf("%s, %lld bytes, %d rounds (medians; ratios of wall and processor time)\n", argv[1],
+              static_cast<long long>(QFile(input).size()), runs);
+  const Timing reference = Medians(cli);
+  PrintRow("command line", reference, nullptr);
+  PrintRow("desktop, words displayed as found", Medians(echoing), &reference);
+  PrintRow("desktop, words not displayed", Medians(quiet), &reference);
+  std::printf("longest wait between two event-loop turns: %.1f ms (displayed), %.1f ms (not)\n",
+              longestGapEchoing, longestGapQuiet);
+  std::printf("output files %s\n",
+              ReadBytes(cliOutput) == ReadBytes(desktopOutput) ? "identical" : "DIFFER");
+  for (const AnsiString& title : desktop.AnsweredTitles()) {
+    std::printf("answered a message box titled \"%s\"\n", title.c_str());
+  }
+  return 0;
+}
