@@ -21,6 +21,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -52,10 +53,16 @@ QFont FixedPitchFont() {
   return font;
 }
 
+// A label keeps its line in the layout when it is empty or hidden, so that the window does not
+// shift as a run shows, clears and hides its counters.
 QLabel* NewLabel(const QString& name, QWidget* parent, bool fixedPitch = false) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
   if (fixedPitch) label->setFont(FixedPitchFont());
+  label->setMinimumHeight(label->fontMetrics().height());
+  QSizePolicy policy = label->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  label->setSizePolicy(policy);
   return label;
 }
 
@@ -83,10 +90,9 @@ MainWindow::MainWindow(QString stateFile, QWidget* parent)
   bottom->addWidget(BuildProgressBox(), 1);
   bottom->addWidget(BuildStatisticsBox(), 1);
   layout->addLayout(bottom);
-  lblStatus_ = NewLabel("lblStatus", central);
-  lblStatus_->setWordWrap(true);
-  layout->addWidget(lblStatus_);
   setCentralWidget(central);
+  lblStatus_ = NewLabel("lblStatus", statusBar());
+  statusBar()->addWidget(lblStatus_, 1);
 
   CreateHost();
   settingsWindow_ = new SettingsWindow(settings_, *host_, this);
@@ -214,6 +220,8 @@ QWidget* MainWindow::BuildTextPanes() {
   txbOutput_ = new QPlainTextEdit(outputPane);
   txbOutput_->setObjectName("txbOutput");
   txbOutput_->setReadOnly(true);
+  // The keyboard moves through the box too (Ctrl+Home, Ctrl+End, Page Up, ...).
+  txbOutput_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   // The words found make one long paragraph that is laid out again at each turn of the event
   // loop while a run echoes them. A fixed-pitch font needs no shaping, and a scroll bar that is
   // always there spares a second layout whenever the text starts or stops filling the box.
