@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
@@ -539,10 +540,15 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (running_ || urls.isEmpty()) return;
+  OpenInputFile(urls.front().toLocalFile());
+  event->acceptProposedAction();
+}
+
+void MainWindow::OpenInputFile(const QString& path) {
   optInFile_->setChecked(true);
   settings_.optInFile = true;
-  OnInputFileChosen(urls.front().toLocalFile());
-  event->acceptProposedAction();
+  // Absolute, because checking the file makes its folder the current one.
+  OnInputFileChosen(QFileInfo(path).absoluteFilePath());
 }
 
 }  // namespace wordtally::ui

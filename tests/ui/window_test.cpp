@@ -141,7 +141,7 @@ class WindowTest : public QObject {
   T* Get(const char* name) { return ::Get<T>(W(), name); }
   QString Caption(const char* name) {
     if (const auto* label = W().findChild<QLabel*>(name)) return label->text();
-    return Get<QAbstractButton>(name)->text();
+    return Get<QAbstractButton>(name)->text().remove('&');  // as shown: no access-key mark
   }
   QString Output() { return Get<QPlainTextEdit>("txbOutput")->toPlainText(); }
   void TypeInto(const char* lineEdit, const QString& text, bool commit = true) {
