@@ -12,9 +12,9 @@
 // Prints the medians of each (wall time, and processor time, which a busy machine disturbs less),
 // the desktop/command-line ratios of the medians; for the desktop runs the longest wait between
 // two turns of the event loop and between two ticks of the elapsed time, and the longest listing
-// phase; and whether the two programs wrote the same output file. The
-// command line is timed as a whole process, the desktop from the press of the button until the
-// window has painted the end of the run.
+// phase; and whether the two programs wrote the same output file. The command line is timed as a
+// whole process, the desktop from the press of the button until the window has painted the end
+// of the run.
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
@@ -28,6 +28,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <set>
 #include <vector>
@@ -53,7 +54,9 @@ double Median(std::vector<double> values) {
 double ProcessorSeconds(int who) {
   rusage usage{};
   getrusage(who, &usage);
-  const auto seconds = [](const timeval& t) { return static_cast<double>(t.tv_sec) + t.tv_usec / 1e6; };
+  const auto seconds = [](const timeval& t) {
+    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
+  };
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
@@ -65,9 +68,12 @@ struct Timing {
 // Times what happens between its construction and Stop(); who: RUSAGE_SELF or RUSAGE_CHILDREN.
 class Stopwatch {
  public:
-  explicit Stopwatch(int who) : who_(who), processorAtStart_(ProcessorSeconds(who)) { clock_.start(); }
+  explicit Stopwatch(int who) : who_(who), processorAtStart_(ProcessorSeconds(who)) {
+    clock_.start();
+  }
   Timing Stop() const {
-    return {static_cast<double>(clock_.nsecsElapsed()) / 1e9, ProcessorSeconds(who_) - processorAtStart_};
+    return {static_cast<double>(clock_.nsecsElapsed()) / 1e9,
+            ProcessorSeconds(who_) - processorAtStart_};
   }
   qint64 ElapsedNs() const { return clock_.nsecsElapsed(); }
 
@@ -86,7 +92,8 @@ Timing TimeCommandLine(const QString& program, const QString& input, const QStri
   process.waitForFinished(-1);
   const Timing timing = stopwatch.Stop();
   if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-    std::fprintf(stderr, "the command line failed: %s\n", qPrintable(process.readAllStandardError()));
+    std::fprintf(stderr, "the command line failed: %s\n",
+                 qPrintable(process.readAllStandardError()));
   }
   return timing;
 }
@@ -211,7 +218,8 @@ int main(int argc, char** argv) {
   const int runs = argc == 3 ? std::max(1, std::atoi(argv[2])) : 5;
   const QString commandLine = QCoreApplication::applicationDirPath() + "/wordtally";
   QTemporaryDir scratch;
-  const QString cliOutput = scratch.filePath("cli.txt"), desktopOutput = scratch.filePath("gui.txt");
+  const QString cliOutput = scratch.filePath("cli.txt");
+  const QString desktopOutput = scratch.filePath("gui.txt");
 
   Desktop desktop(scratch.filePath("qzl.usr"));
   desktop.SetFiles(input, desktopOutput);
