@@ -184,7 +184,7 @@ void QtHost::SetVisible(Control control, bool visible) {
 void QtHost::ProcessEvents() {
   if (sinceLastTurn_.isValid() && sinceLastTurn_.elapsed() < kTurnIntervalMs) return;
   sinceLastTurn_.start();
-  FlushOutput();
+  FlushOutput();  // first, so that this turn paints it
   QCoreApplication::processEvents();
 }
 

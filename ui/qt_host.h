@@ -80,8 +80,8 @@ class QtHost : public QObject, public Host {
   // What the engine wrote, byte for byte (CR LF included); the widget shows it with plain
   // line feeds. Keeping it here makes OutputLength cheap and exact.
   AnsiString outputText_;
-  // The widget shows the first shownUpTo_ bytes of outputText_, or, with replacePending_, an
-  // older text that outputText_ replaced.
+  // The widget shows the first shownUpTo_ bytes of outputText_; with replacePending_ it still
+  // shows an older text, which those bytes replaced.
   bool replacePending_ = false;
   size_t shownUpTo_ = 0;
   bool flushScheduled_ = false;
