@@ -5,7 +5,8 @@
 
 namespace wordtally::texts {
 
-inline constexpr std::string_view kCountButtonIdle = "Count words";
+// "&" marks the letter of the access key: Alt+C presses the button.
+inline constexpr std::string_view kCountButtonIdle = "&Count words";
 inline constexpr std::string_view kCountButtonBusy = "Working ...";
 inline constexpr std::string_view kStop = "Stop";
 inline constexpr std::string_view kMarkingWords = "Marking the words to include";

@@ -49,6 +49,10 @@ void ResetRun(EngineContext& ctx) {
   run.comment = CommentState{};
   run.stats = ListStatistics{};
   run.intThresholdFrequency = ThresholdFrequency(ctx.settings);
+  // Nothing of the last run stays on show, even when this one is refused.
+  ConcealNumWords(ctx, false);
+  ctx.host.SetCaption(Control::NumberOfWords, "");
+  ClearListStatistics(ctx.host);
 }
 
 void SetIdle(EngineContext& ctx) {

@@ -20,6 +20,10 @@ constexpr std::string_view kTotalInstances = "Total number of instances of words
 constexpr std::string_view kNoWordsFound = "No words satisfying the conditions were found.";
 constexpr std::string_view kNoneOftenEnough = "No words with more than 2 letters occur at least ";
 
+constexpr Control kStatisticsLabels[] = {Control::StatWordsInList, Control::StatWordsIgnored,
+                                         Control::StatWordsExcluded, Control::StatInstancesInList,
+                                         Control::StatTotalInstances};
+
 void ShowLabel(Host& host, Control label, std::string_view caption, int32_t value) {
   AnsiString text(caption);
   text.push_back(' ');
@@ -43,6 +47,10 @@ void ShowListStatistics(Host& host, const ListStatistics& stats, int32_t lngTota
     host.SetVisible(Control::StatInstancesInList, false);
   }
   ShowLabel(host, Control::StatTotalInstances, kTotalInstances, lngTotalNumOccurrences);
+}
+
+void ClearListStatistics(Host& host) {
+  for (Control label : kStatisticsLabels) host.SetCaption(label, "");
 }
 
 AnsiString NothingToListText(int32_t lngNumWords, bool blnIgnoreInfrequentWords,

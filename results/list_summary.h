@@ -15,6 +15,9 @@ namespace wordtally {
 void ShowListStatistics(Host& host, const ListStatistics& stats, int32_t lngTotalNumOccurrences,
                         int32_t lngNumWordsIgnored, bool blnIgnoringCommonWords);
 
+// Empties every statistics label, so that a new run shows nothing of the last one's listing.
+void ClearListStatistics(Host& host);
+
 // "No words satisfying the conditions were found." for an empty store; otherwise
 // "No words with more than 2 letters occur at least " and "once.", "twice." or "N times.".
 AnsiString NothingToListText(int32_t lngNumWords, bool blnIgnoreInfrequentWords,

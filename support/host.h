@@ -55,7 +55,8 @@ class Host {
   // The output-file chooser; nothing when the user cancels.
   virtual std::optional<AnsiString> ChooseOutputFile() = 0;
 
-  // The output textbox.
+  // The output textbox. A window may show what is written at its next turn of the event loop;
+  // OutputText is always the text written.
   virtual size_t OutputLength() const = 0;
   virtual AnsiString OutputText() const = 0;
   virtual void SetOutputText(const AnsiString& text) = 0;
@@ -63,7 +64,7 @@ class Host {
   virtual void AppendOutput(std::string_view text) = 0;
   virtual void FocusOutput() {}
 
-  // Captions and visibility; a caption change is painted at once.
+  // Captions and visibility; a window shows them at its next turn of the event loop.
   virtual void SetCaption(Control control, const AnsiString& caption) = 0;
   virtual void SetVisible(Control control, bool visible) = 0;
 

@@ -22,12 +22,15 @@ text box and press <i>Copy to clipboard</i>. <i>Paste clipboard text</i> shows t
 text in that box; the label below it tells how much text the clipboard holds.</li>
 <li>Optionally name an <i>Output file</i> (extension "txt" or "csv"). Tick <b>Disable</b> to
 count without writing the file.</li>
-<li>Choose the word order and the format, then press <b>Count words</b>.</li>
+<li>Choose the word order and the format, then press <b>Count words</b> (or Alt+C).</li>
 </ol>
+<p>Started as <code>wordtally-gui FILE</code>, as a file manager's "Open with" does, the program
+opens with FILE as the input file, checked as if you had typed its name.</p>
 <p>While the words are counted the button reads <b>Stop</b>: press it to stop the run. You are
 then asked whether to list the words found so far. The elapsed time, the number of different
 words found and a progress bar are shown while the run goes on. Ticking <b>Don't display words
-as found</b> makes a run faster, because new words are then not echoed into the output box.</p>
+as found</b> makes a run faster, because new words are then not echoed into the output box.
+Ctrl+Home and Ctrl+End go to the beginning and the end of the output box.</p>
 
 <h3>Settings</h3>
 <p>Open <i>Options &gt; Settings...</i> to decide what counts as a word:</p>

@@ -1,4 +1,4 @@
-// wordtally-gui: the desktop program.
+// wordtally-gui [FILE]: the desktop program, with FILE as its input file when one is named.
 #include <QApplication>
 #include <QTimer>
 
@@ -12,7 +12,12 @@ int main(int argc, char** argv) {
 
   wordtally::ui::MainWindow window(wordtally::ui::DefaultStateFilePath());
   window.show();
-  // Restoring may show messages: do it once the window is on the screen.
-  QTimer::singleShot(0, &window, &wordtally::ui::MainWindow::Start);
+  // Restoring may show messages: do it once the window is on the screen. A file named on the
+  // command line (a file manager's "Open with") becomes the input file.
+  const QStringList arguments = QCoreApplication::arguments();
+  QTimer::singleShot(0, &window, [&window, arguments] {
+    window.Start();
+    if (arguments.size() > 1) window.OpenInputFile(arguments.at(1));
+  });
   return app.exec();
 }

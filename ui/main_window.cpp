@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
@@ -21,6 +22,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -52,10 +54,16 @@ QFont FixedPitchFont() {
   return font;
 }
 
+// A label keeps its line in the layout when it is empty or hidden, so that the window does not
+// shift as a run shows, clears and hides its counters.
 QLabel* NewLabel(const QString& name, QWidget* parent, bool fixedPitch = false) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
   if (fixedPitch) label->setFont(FixedPitchFont());
+  label->setMinimumHeight(label->fontMetrics().height());
+  QSizePolicy policy = label->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  label->setSizePolicy(policy);
   return label;
 }
 
@@ -83,10 +91,9 @@ MainWindow::MainWindow(QString stateFile, QWidget* parent)
   bottom->addWidget(BuildProgressBox(), 1);
   bottom->addWidget(BuildStatisticsBox(), 1);
   layout->addLayout(bottom);
-  lblStatus_ = NewLabel("lblStatus", central);
-  lblStatus_->setWordWrap(true);
-  layout->addWidget(lblStatus_);
   setCentralWidget(central);
+  lblStatus_ = NewLabel("lblStatus", statusBar());
+  statusBar()->addWidget(lblStatus_, 1);
 
   CreateHost();
   settingsWindow_ = new SettingsWindow(settings_, *host_, this);
@@ -214,7 +221,15 @@ QWidget* MainWindow::BuildTextPanes() {
   txbOutput_ = new QPlainTextEdit(outputPane);
   txbOutput_->setObjectName("txbOutput");
   txbOutput_->setReadOnly(true);
-  txbOutput_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  // The keyboard moves through the box too (Ctrl+Home, Ctrl+End, Page Up, ...).
+  txbOutput_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  // The words found make one long paragraph that is laid out again at each turn of the event
+  // loop while a run echoes them. A fixed-pitch font needs no shaping, and a scroll bar that is
+  // always there spares a second layout whenever the text starts or stops filling the box.
+  QFont outputFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  outputFont.setStyleStrategy(QFont::PreferNoShaping);
+  txbOutput_->setFont(outputFont);
+  txbOutput_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   outputLayout->addWidget(txbOutput_, 1);
 
   splitter->addWidget(pastePane);
@@ -399,6 +414,7 @@ void MainWindow::RunEngineCommand(const std::function<void()>& command) {
   running_ = true;
   UpdateEnabledState();
   command();
+  host_->FlushOutput();  // the box shows the command's last words before anyone looks
   running_ = false;
   engineBusy_ = false;  // a command that ends, however it ends, leaves the window idle
   UpdateEnabledState();
@@ -535,10 +551,15 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (running_ || urls.isEmpty()) return;
+  OpenInputFile(urls.front().toLocalFile());
+  event->acceptProposedAction();
+}
+
+void MainWindow::OpenInputFile(const QString& path) {
   optInFile_->setChecked(true);
   settings_.optInFile = true;
-  OnInputFileChosen(urls.front().toLocalFile());
-  event->acceptProposedAction();
+  // Absolute, because checking the file makes its folder the current one.
+  OnInputFileChosen(QFileInfo(path).absoluteFilePath());
 }
 
 }  // namespace wordtally::ui

@@ -36,6 +36,8 @@ class MainWindow : public QMainWindow {
   // Restores the saved state and vets a restored input file. The common words in use are loaded
   // by the first run that ignores them.
   void Start();
+  // Makes a file the input file, checked as if typed: "wordtally-gui FILE", or a dropped file.
+  void OpenInputFile(const QString& path);
 
   QtHost& host() { return *host_; }
   CountingSettings& settings() { return settings_; }

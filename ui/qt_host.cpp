@@ -10,14 +10,17 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include "ui/qt_text.h"
 
 namespace wordtally::ui {
 namespace {
 
-// A real turn of the event loop at most this often: often enough for a live Stop button and a
-// smooth window, rare enough that a gigabyte run does not spend its time in the event loop.
+// A real turn of the event loop at most this often: often enough for a live Stop button, a
+// smooth window and a box that shows the words found at least every 50 ms, rare enough that a
+// gigabyte run does not spend its time in the event loop or in laying out the box.
 constexpr qint64 kTurnIntervalMs = 40;
 
 QMessageBox::Icon ToQtIcon(MessageIcon icon) {
@@ -76,7 +79,9 @@ QtHost::QtHost(HostWidgets widgets, QObject* parent) : QObject(parent), widgets_
   connect(&timer2_, &QTimer::timeout, this, &QtHost::timerTicked);
 }
 
+// The box behind a question shows everything written before it.
 Answer QtHost::ShowMessage(const MessageBoxRequest& request) {
+  FlushOutput();
   if (answerProvider_) return answerProvider_(request);
   return ShowModalMessage(request);
 }
@@ -91,6 +96,7 @@ Answer QtHost::ShowModalMessage(const MessageBoxRequest& request) {
 
 std::optional<AnsiString> QtHost::InputBox(const AnsiString& title, const AnsiString& prompt,
                                            const AnsiString& text) {
+  FlushOutput();
   if (inputProvider_) return inputProvider_(title, prompt, text);
   bool accepted = false;
   const QString answer = QInputDialog::getText(widgets_.dialogParent, ToQString(title),
@@ -101,6 +107,7 @@ std::optional<AnsiString> QtHost::InputBox(const AnsiString& title, const AnsiSt
 }
 
 std::optional<AnsiString> QtHost::ChooseOutputFile() {
+  FlushOutput();
   if (fileProvider_) return fileProvider_();
   const QString chosen = QFileDialog::getSaveFileName(
       widgets_.dialogParent, QObject::tr("Output file"), QString(),
@@ -111,16 +118,45 @@ std::optional<AnsiString> QtHost::ChooseOutputFile() {
 
 void QtHost::SetOutputText(const AnsiString& text) {
   outputText_ = text;
-  if (widgets_.output) widgets_.output->setPlainText(ToDisplayText(text));
+  replacePending_ = true;
+  shownUpTo_ = text.size();
+  ScheduleFlush();
 }
 
 void QtHost::AppendOutput(std::string_view text) {
   outputText_.append(text);
+  ScheduleFlush();
+}
+
+// Text written outside a run reaches the widget at the next turn of the event loop as well.
+void QtHost::ScheduleFlush() {
+  if (flushScheduled_) return;
+  flushScheduled_ = true;
+  QMetaObject::invokeMethod(this, &QtHost::FlushOutput, Qt::QueuedConnection);
+}
+
+void QtHost::FlushOutput() {
+  flushScheduled_ = false;
   if (!widgets_.output) return;
   QPlainTextEdit& box = *widgets_.output;
-  box.moveCursor(QTextCursor::End);
-  box.insertPlainText(ToDisplayText(text));
-  box.verticalScrollBar()->setValue(box.verticalScrollBar()->maximum());
+  const std::string_view text(outputText_);
+  const bool appended = shownUpTo_ < text.size();
+  if (replacePending_) {
+    box.setPlainText(ToDisplayText(text));
+  } else if (appended) {
+    // The paragraph appended to keeps its glyphs, so that placing the caret and painting after
+    // its layout do not work through its whole text once more.
+    box.document()->lastBlock().layout()->setCacheEnabled(true);
+    box.moveCursor(QTextCursor::End);
+    box.insertPlainText(ToDisplayText(text.substr(shownUpTo_)));
+  }
+  if (appended) {
+    // The caret goes to the end of what was appended, so that the box scrolls to it.
+    box.moveCursor(QTextCursor::End);
+    box.verticalScrollBar()->setValue(box.verticalScrollBar()->maximum());
+  }
+  replacePending_ = false;
+  shownUpTo_ = text.size();
 }
 
 void QtHost::FocusOutput() {
@@ -138,10 +174,7 @@ void QtHost::SetCaption(Control control, const AnsiString& caption) {
     label->setText(ToDisplayText(caption));
   } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
     button->setText(ToDisplayText(caption));
-  } else {
-    return;
   }
-  widget->repaint();
 }
 
 void QtHost::SetVisible(Control control, bool visible) {
@@ -150,8 +183,9 @@ void QtHost::SetVisible(Control control, bool visible) {
 
 void QtHost::ProcessEvents() {
   if (sinceLastTurn_.isValid() && sinceLastTurn_.elapsed() < kTurnIntervalMs) return;
-  QCoreApplication::processEvents();
   sinceLastTurn_.start();
+  FlushOutput();  // first, so that this turn paints it
+  QCoreApplication::processEvents();
 }
 
 std::u16string QtHost::ClipboardText() { return ToU16(QGuiApplication::clipboard()->text()); }

@@ -44,11 +44,15 @@ class QtHost : public QObject, public Host {
                                      const AnsiString& text) override;
   std::optional<AnsiString> ChooseOutputFile() override;
 
+  // The textbox's text is kept here at once; the widget catches up at the next turn of the
+  // event loop, so that a run lays the box out once per turn rather than once per word.
   size_t OutputLength() const override { return outputText_.size(); }
   AnsiString OutputText() const override { return outputText_; }
   void SetOutputText(const AnsiString& text) override;
   void AppendOutput(std::string_view text) override;
   void FocusOutput() override;
+  // Shows in the widget what was written since the last turn.
+  void FlushOutput();
 
   void SetCaption(Control control, const AnsiString& caption) override;
   void SetVisible(Control control, bool visible) override;
@@ -70,11 +74,17 @@ class QtHost : public QObject, public Host {
  private:
   QWidget* Widget(Control control) const;
   Answer ShowModalMessage(const MessageBoxRequest& request);
+  void ScheduleFlush();
 
   HostWidgets widgets_;
   // What the engine wrote, byte for byte (CR LF included); the widget shows it with plain
   // line feeds. Keeping it here makes OutputLength cheap and exact.
   AnsiString outputText_;
+  // The widget shows the first shownUpTo_ bytes of outputText_; with replacePending_ it still
+  // shows an older text, which those bytes replaced.
+  bool replacePending_ = false;
+  size_t shownUpTo_ = 0;
+  bool flushScheduled_ = false;
   QTimer timer2_;
   QElapsedTimer sinceLastTurn_;
   AnswerProvider answerProvider_;

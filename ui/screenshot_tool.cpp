@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "engine/progress.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
 #include "ui/settings_window.h"
@@ -84,13 +85,17 @@ int main(int argc, char** argv) {
 
   bool ok = true;
   bool runningShot = false;
+  QTimer halfWay;  // fires at the turns of the event loop that the run gives
+  QObject::connect(&halfWay, &QTimer::timeout, &window, [&] {
+    const int halfBar = wordtally::kProgressBarWidth / 2;
+    if (runningShot || window.context().run.intProgressBarPosition < halfBar) return;
+    runningShot = true;
+    ok = Save(window, outDir.filePath("main-window-running" + suffix + ".png")) && ok;
+  });
   QTimer::singleShot(500, &window, [&] {
-    // Fires while the run gives the event loop its turns.
-    QTimer::singleShot(400, &window, [&] {
-      runningShot = true;
-      ok = Save(window, outDir.filePath("main-window-running" + suffix + ".png")) && ok;
-    });
+    halfWay.start(0);
     window.findChild<QPushButton*>("cmdCount")->click();  // returns when the run has ended
+    halfWay.stop();
     ok = runningShot && Save(window, outDir.filePath("main-window-done" + suffix + ".png")) && ok;
     window.settingsWindow().show();
     QTimer::singleShot(300, &window, [&] {

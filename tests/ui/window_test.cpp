@@ -162,7 +162,7 @@ class WindowTest : public QObject {
     QVERIFY(Shown("Large input file") && Shown("Counting interrupted"));
     QVERIFY2(Output().endsWith("\nStopped with 4 words found.") && !Output().contains("Rank"),
              qPrintable(Output()));
-    QCOMPARE(Get<QPushButton>("cmdCount")->text(), "Count words");
+    QCOMPARE(Get<QPushButton>("cmdCount")->text(), "&Count words");
     for (const char* name : kRunSensitive) QVERIFY(Get<QWidget>(name)->isEnabled());
 
     // Closing the window stops the run without a question and quits.
