@@ -37,21 +37,25 @@ TEST(CommonWordsChoice, OffersTheSevenFilesByLanguage) {
   }
 }
 
-TEST(CommonWordsChoice, FindsTheFileBesideTheProgramElseInTheDataFolderAbove) {
+TEST(CommonWordsChoice, FindsTheFileBesideTheProgramElseInTheDataFolderAboveElseInstalled) {
   TemporaryFolder folder;
   ASSERT_TRUE(folder.Valid());
   const std::string bin = folder.Path() + "/bin";
   const std::string data = folder.Path() + "/data";
-  std::filesystem::create_directory(bin);
-  std::filesystem::create_directory(data);
-  for (const std::string& path :
-       {bin + "/cwds_en.txt", data + "/cwds_en.txt", data + "/cwds_de.txt"}) {
+  const std::string installed =
+      (std::filesystem::path(bin) / WORDTALLY_DATA_DIR_FROM_BIN_DIR).lexically_normal().string();
+  for (const std::string& path : {bin, data, installed}) std::filesystem::create_directories(path);
+  for (const std::string& path : {bin + "/cwds_en.txt", data + "/cwds_en.txt",
+                                  data + "/cwds_de.txt", installed + "/cwds_de.txt",
+                                  installed + "/cwds_pt.txt"}) {
     std::ofstream(path) << "the and of\n";
   }
   std::filesystem::create_directory(bin + "/cwds_it.txt");  // a folder is not the file
 
+  EXPECT_EQ(CommonWordsFolders(bin), (std::vector<std::string>{bin, data, installed}));
   EXPECT_EQ(FindCommonWordsFile(bin, "cwds_en.txt"), bin + "/cwds_en.txt");
   EXPECT_EQ(FindCommonWordsFile(bin, "cwds_de.txt"), data + "/cwds_de.txt");
+  EXPECT_EQ(FindCommonWordsFile(bin, "cwds_pt.txt"), installed + "/cwds_pt.txt");
   EXPECT_EQ(FindCommonWordsFile(bin, "cwds_fr.txt"), "");
   EXPECT_EQ(FindCommonWordsFile(bin, "cwds_it.txt"), "");
 }
