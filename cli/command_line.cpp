@@ -109,7 +109,8 @@ bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFol
     commonWords = FindCommonWordsFile(programFolder, language->fileName);
     if (commonWords.empty()) {
       error = "The common-words file " + std::string(language->fileName) +
-              " was not found beside the program.";
+              " is in none of these folders:";
+      for (const std::string& folder : CommonWordsFolders(programFolder)) error += " " + folder;
       return false;
     }
   }

@@ -42,11 +42,19 @@ const CommonWordsLanguage* LanguageOfCommonWordsFile(std::string_view path) {
       [&fileName](const CommonWordsLanguage& language) { return language.fileName == fileName; });
 }
 
-std::string FindCommonWordsFile(const std::string& programFolder, std::string_view fileName) {
+std::vector<std::string> CommonWordsFolders(const std::string& programFolder) {
   const std::filesystem::path folder(programFolder);
+  std::vector<std::string> folders;
   for (const std::filesystem::path& candidate :
-       {folder / fileName, folder / ".." / "data" / fileName}) {
-    const std::string path = candidate.lexically_normal().string();
+       {folder, folder / ".." / "data", folder / WORDTALLY_DATA_DIR_FROM_BIN_DIR}) {
+    folders.push_back(candidate.lexically_normal().string());
+  }
+  return folders;
+}
+
+std::string FindCommonWordsFile(const std::string& programFolder, std::string_view fileName) {
+  for (const std::string& folder : CommonWordsFolders(programFolder)) {
+    const std::string path = (std::filesystem::path(folder) / fileName).string();
     if (FileExists(path)) return path;
   }
   return {};

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wordtally {
 
@@ -22,8 +23,13 @@ const CommonWordsLanguage* FindCommonWordsLanguage(std::string_view code);
 // The language whose file a path names (by its file name alone); nullptr for any other file.
 const CommonWordsLanguage* LanguageOfCommonWordsFile(std::string_view path);
 
-// The full path of a common-words file: beside the program in programFolder, else in a "data"
-// folder one level above it (running from a build or source tree). Empty when neither has it.
+// The folders that may hold the common-words files, in the order they are searched: beside the
+// program in programFolder; a "data" folder one level above it (running from a build or source
+// tree); the installed data folder, which the build places relative to the program's folder.
+std::vector<std::string> CommonWordsFolders(const std::string& programFolder);
+
+// The full path of a common-words file in the first of CommonWordsFolders that has it; empty when
+// none has it.
 std::string FindCommonWordsFile(const std::string& programFolder, std::string_view fileName);
 
 }  // namespace wordtally

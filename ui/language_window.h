@@ -35,8 +35,8 @@ class LanguageWindow : public QDialog {
   QPushButton* cmdOk_ = nullptr;
 };
 
-// The full path of a common-words file: found beside the program (or in the source tree's data
-// folder), else the name beside the program, so that loading reports the missing file.
+// The full path of a common-words file: found in one of the folders that CommonWordsFolders
+// names, else the name beside the program, so that loading reports the missing file.
 AnsiString CommonWordsFilePath(std::string_view fileName);
 
 }  // namespace wordtally::ui

@@ -222,14 +222,21 @@ TEST_F(SettingsTest, CommonWordsFilesByLanguageAreKnownByCodeAndNameAndFoundBesi
   for (const char* path : {"/tmp/cwds_en.txt.bak", "/tmp/my_cwds_en.txt", ""})
     EXPECT_EQ(LanguageOfCommonWordsFile(path), nullptr) << path;
 
-  // The file is looked for beside the program, then in the data folder above it.
+  // The file is looked for beside the program, then in the data folder above it, then in the
+  // installed data folder.
+  const std::string installed =
+      (fs::path(Path("bin")) / WORDTALLY_DATA_DIR_FROM_BIN_DIR).lexically_normal().string();
   fs::create_directories(Path("bin/cwds_it.txt"));  // a folder is not the file
   fs::create_directory(Path("data"));
-  for (const char* file : {"bin/cwds_en.txt", "data/cwds_en.txt", "data/cwds_de.txt"}) {
-    std::ofstream(Path(file)) << "the and of\n";
+  fs::create_directories(installed);
+  for (const std::string& file : {Path("bin/cwds_en.txt"), Path("data/cwds_en.txt"),
+                                  Path("data/cwds_de.txt"), installed + "/cwds_de.txt",
+                                  installed + "/cwds_pt.txt"}) {
+    std::ofstream(file) << "the and of\n";
   }
   EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_en.txt"), Path("bin/cwds_en.txt"));
   EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_de.txt"), Path("data/cwds_de.txt"));
+  EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_pt.txt"), installed + "/cwds_pt.txt");
   EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_fr.txt"), "");
   EXPECT_EQ(FindCommonWordsFile(Path("bin"), "cwds_it.txt"), "");
 }
