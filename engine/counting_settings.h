@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/words_to_ignore.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
@@ -44,7 +45,7 @@ struct CountingSettings {
   std::array<AnsiString, 2> txbFile;  // 0: input file, 1: output file
 
   // Prepared from txbWordsToIgnore by txbWordsToIgnore_LostFocus: " and of the " or "".
-  AnsiString strWordsToIgnore;
+  WordsToIgnore strWordsToIgnore;
 };
 
 // Derived values shared by the whole engine.
