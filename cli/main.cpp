@@ -60,5 +60,6 @@ int main(int argc, char** argv) {
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
   std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
   if (options->stats) std::cout << host.StatisticsText();
-  return 0;
+  // The listing is printed all the same; the message has told why the file did not get it.
+  return ctx.run.blnOutputFileMissed ? 1 : 0;
 }

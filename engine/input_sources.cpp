@@ -82,7 +82,8 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
   }
 }
 
-// Refuses an output file that is the input file, and with checkDocx one that is a docx file.
+// Refuses an output file that is the input file or the common-words file, and with checkDocx
+// one that is a docx file.
 bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool checkDocx) {
   const CountingSettings& s = ctx.settings;
   if (!OutputToFileActive(s)) return true;
@@ -90,6 +91,7 @@ bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool
     Warn(ctx, texts::kGenericErrorTitle, kSameFile);
     return false;
   }
+  if (!OutputSparesCommonWordsFile(ctx)) return false;
   if (checkDocx && LowerExtension(s.txbFile[1]) == "docx") {
     Warn(ctx, texts::kGenericErrorTitle, kDocxOutput);
     return false;

@@ -88,6 +88,7 @@ TEST(FileUtils, NamesSizesAndTemporaryFolders) {
     EXPECT_EQ(FileSize(folder + "/missing"), -1);
 
     std::filesystem::create_symlink(file, folder + "/link.txt");
+    std::filesystem::create_directory(folder + "/sub");
     EXPECT_TRUE(SameFile(file, folder + "/link.txt"));
     EXPECT_TRUE(SameFile(file, folder + "/./sub/../x.txt"));
     EXPECT_FALSE(SameFile(file, folder + "/y.txt"));
