@@ -74,6 +74,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
       ctx.settings.chkUTF8 = 1;
       ctx.host.SettingsChanged();
     }
+    ctx.run.comment.lineGoesOn = reader.LineGoesOn();
     if (!line.empty()) {
       line += ' ';
       walker.WalkLine();

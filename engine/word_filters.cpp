@@ -105,6 +105,7 @@ bool WalkCommonWordsFile(EngineContext& ctx, const std::string& path) {
     Utf8ToAnsiInPlace(strLine);
     LowerAnsiInPlace(strLine);
     strLine += ' ';
+    ctx.run.comment.lineGoesOn = reader.LineGoesOn();
     walker.WalkLine();
   }
   if (reader.ErrorNumber() != 0) {
