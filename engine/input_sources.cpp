@@ -26,6 +26,8 @@ constexpr std::string_view kSameFile = "Output file cannot be the same as the in
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
 constexpr int32_t kStopWithoutAskingBelow = 2000;
+constexpr int32_t kCheckedClipboardChars = 3000;
+constexpr std::string_view kStandardInputName = "(standard input)";
 
 // The refusals of a file run are warnings.
 void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
@@ -212,6 +214,23 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
   return true;
 }
 
+// The reader of the clipboard text, or nullptr when the text does not pass the plain-text test
+// of its first kCheckedClipboardChars characters. The host's clipboard text is read whole into
+// textReader; the command line's standard input streams through its own reader, and its first
+// characters are tested before they are read (no character takes more than four bytes).
+LineReader* ClipboardReader(EngineContext& ctx, LineReader& textReader) {
+  if (ctx.clipboardStream != nullptr) {
+    const std::string_view start = ctx.clipboardStream->Peek(4 * kCheckedClipboardChars);
+    const bool plain =
+        IsPlainText(AnsiToUtf16(Utf8ToAnsiText(start)), kCheckedClipboardChars, true);
+    return plain ? ctx.clipboardStream : nullptr;
+  }
+  const std::u16string text = ctx.host.ClipboardText();
+  if (!IsPlainText(text, kCheckedClipboardChars, true)) return nullptr;
+  textReader.OpenText(Utf16ToAnsi(text));
+  return &textReader;
+}
+
 }  // namespace
 
 bool DoItFromFile(EngineContext& ctx) {
@@ -230,8 +249,9 @@ bool DoItFromFile(EngineContext& ctx) {
 
 bool DoItFromClipboard(EngineContext& ctx) {
   try {
-    const std::u16string text = ctx.host.ClipboardText();
-    if (!IsPlainText(text, 3000, true)) {
+    LineReader textReader;
+    LineReader* reader = ClipboardReader(ctx, textReader);
+    if (reader == nullptr) {
       Warn(ctx, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.
@@ -240,11 +260,10 @@ bool DoItFromClipboard(EngineContext& ctx) {
       return false;
     }
     ResetStoreForCounting(ctx);
-    LineReader reader;
-    reader.OpenText(Utf16ToAnsi(text));
     LinePreparer preparer("", false, false);
-    CountLines(ctx, reader, preparer);
-    return true;
+    CountLines(ctx, *reader, preparer);
+    if (reader->ErrorNumber() == 0) return true;
+    ShowReadFailure(ctx.host, *reader, std::string(kStandardInputName));
   } catch (const RunError& e) {
     ReportError(ctx, e.Number(), e.what(), texts::kErrorReportPrefix, "DoItFromClipboard");
   } catch (const std::bad_alloc&) {

@@ -56,7 +56,9 @@ bool EnsureCommonWordsLoaded(EngineContext& ctx) {
 
 // Source "clipboard": there must be text on it.
 bool ClipboardHasText(EngineContext& ctx) {
-  if (!ctx.host.ClipboardText().empty()) return true;
+  const bool hasText = ctx.clipboardStream != nullptr ? !ctx.clipboardStream->Peek(1).empty()
+                                                      : !ctx.host.ClipboardText().empty();
+  if (hasText) return true;
   ctx.host.ShowMessage({"Clipboard empty", "Clipboard is empty.", MessageIcon::None,
                         MessageButtons::Ok});
   ctx.settings.optInFile = true;

@@ -1,43 +1,16 @@
 // End-to-end: every run of wordtally that fails says why on standard error and exits with 1,
 // also when the failure comes after the words were counted.
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "support/file_utils.h"
+#include "tests/cli/shell_run.h"
 
 namespace wordtally::testing {
 namespace {
 
-struct ShellOutcome {
-  int exitStatus = -1;  // -1 when the program did not exit normally
-  std::string err;
-};
-
-class FailureExitTest : public ::testing::Test {
- protected:
-  std::string Path(const std::string& name) const { return folder_.Path() + "/" + name; }
-
-  // Runs a bash script in the test's folder with $WORDTALLY naming the program.
-  ShellOutcome RunScript(const std::string& script) const {
-    std::ofstream(Path("run.sh")) << "cd '" << folder_.Path() << "' || exit 99\n"
-                                  << "WORDTALLY='" << WORDTALLY_EXE << "'\n"
-                                  << script << '\n';
-    const std::string command = "bash '" + Path("run.sh") + "' >/dev/null 2>'" + Path("err") + "'";
-    const int status = std::system(command.c_str());
-    std::ifstream err(Path("err"), std::ios::binary);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
-            {std::istreambuf_iterator<char>(err), std::istreambuf_iterator<char>()}};
-  }
-
- private:
-  TemporaryFolder folder_;
-};
+using FailureExitTest = ShellRunTest;
 
 TEST_F(FailureExitTest, OutputFileFailuresExitWithOne) {
   // 400 distinct words: a listing of about 10 KB.
