@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string path = Folder().Path() + "/input.docx";
   const bool written = bytes.starts_with("PK\x03\x04")
                            ? WriteBytes(path, bytes)
-                           : testing::WriteZipArchive(path, {{"word/document.xml", bytes}});
+                           : testing::WriteZipArchive(path, "word/document.xml", bytes);
   if (!written) return 0;
   // A small limit, so that the too-big path is reached too.
   const DocxText docx = ReadDocxText(path, 1 << 16);

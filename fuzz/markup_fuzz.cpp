@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr wordtally::MarkupKind kKinds[] = {wordtally::MarkupKind::Html, wordtally::MarkupKind::Xml,
-                                            wordtally::MarkupKind::Php, wordtally::MarkupKind::None};
+using wordtally::MarkupKind;
+constexpr MarkupKind kKinds[] = {MarkupKind::Html, MarkupKind::Xml, MarkupKind::Php,
+                                 MarkupKind::None};
 constexpr const char* kSyntaxes[] = {"C", "HTML", "PHP", "XML"};
 
 // Walks line as the line walk does: over comments, one character at a time elsewhere.
@@ -18,7 +19,9 @@ void SkipComments(const wordtally::CommentMarkerPairs& markers, std::string_view
                   wordtally::CommentState& state) {
   int32_t position = 1;
   while (static_cast<size_t>(position) <= line.size()) {
-    if (state.intWithinComment < 0) state.intWithinComment = DetectComment(markers, line, position, state);
+    if (state.intWithinComment < 0) {
+      state.intWithinComment = DetectComment(markers, line, position, state);
+    }
     if (state.intWithinComment < 0) {
       ++position;
       continue;

@@ -11,7 +11,8 @@
 namespace wordtally {
 
 LineReader::LineReader(std::size_t blockSize, std::size_t maxLineLength)
-    : block_(std::max<std::size_t>(blockSize, 16)), maxLineLength_(std::max<std::size_t>(maxLineLength, 1)) {}
+    : block_(std::max<std::size_t>(blockSize, 16)),
+      maxLineLength_(std::max<std::size_t>(maxLineLength, 1)) {}
 
 void LineReader::Reset() {
   text_.clear();
@@ -145,7 +146,8 @@ void LineReader::TakePiece(std::string_view& line) {
   const void* space = ::memrchr(start, ' ', window);
   const void* tab = ::memrchr(start, '\t', window);
   const char* blank = static_cast<const char*>(std::max(space, tab, std::less<>()));
-  const std::size_t length = blank == nullptr ? maxLineLength_ : static_cast<std::size_t>(blank - start);
+  const std::size_t length =
+      blank == nullptr ? maxLineLength_ : static_cast<std::size_t>(blank - start);
   line = std::string_view(start, length);
   pos_ += blank == nullptr ? length : length + 1;
   lineGoesOn_ = true;
