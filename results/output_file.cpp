@@ -90,7 +90,7 @@ bool ProbeOutputFile(Host& host, const AnsiString& path) {
   const bool existed = KindOfPath(path) == PathKind::RegularFile;
   // O_EXCL: a file is created only where nothing was, never through a symbolic link.
   const int create = existed ? 0 : O_CREAT | O_EXCL;
-  const int fd = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | create, 0644);
+  const int fd = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | create, 0666);
   if (fd < 0) {
     const int number = errno == EACCES || errno == EPERM || errno == EISDIR ? kErrPermissionDenied
                                                                           : kErrPathFileAccess;
@@ -118,7 +118,7 @@ bool OutputFileWriter::Open(const AnsiString& path) {
   buffer_.clear();
   buffer_.reserve(kWriteBlockSize);
   // Non-blocking: a pipe put in the file's place while the words were counted is not waited for.
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0644);
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666);
   if (fd < 0) return false;
   file_ = ::fdopen(fd, "wb");
   if (file_ == nullptr) ::close(fd);

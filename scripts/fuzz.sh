@@ -1,19 +1,20 @@
 #!/usr/bin/env bash
-# Builds the libFuzzer targets of fuzz/ with clang into build-fuzz/ and runs each for SECONDS
-# (default 60), one after another, starting from its seeds: files of tests/data/ and of the
-# shared corpus (../shared/corpus beside the repository). Fails when a target finds a fault; its
-# crashing input is left in build-fuzz/findings/TARGET/.
+# Builds the libFuzzer targets of fuzz/ with clang into build-sanitize/ (the build of
+# scripts/sanitize.sh) and runs each for SECONDS (default 60), one after another, starting from
+# its seeds: files of tests/data/, fuzz/seeds/ and the shared corpus (../shared/corpus beside the
+# repository). Fails when a target finds a fault; its crashing input is left in
+# build-sanitize/findings/TARGET/.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 seconds="${1:-60}"
-build="$root/build-fuzz"
+build="$root/build-sanitize"
 corpus="$root/../shared/corpus"
 
 bash "$root/scripts/install-deps.sh"
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DCMAKE_CXX_COMPILER=clang++ -DWORDTALLY_FUZZ=ON -DWORDTALLY_TESTS=OFF -DWORDTALLY_GUI=OFF \
+  -DCMAKE_CXX_COMPILER=clang++ -DWORDTALLY_SANITIZE=ON -DWORDTALLY_FUZZ=ON -DWORDTALLY_GUI=OFF \
   -DWORDTALLY_BENCH=OFF "${launcher[@]}" >/dev/null
 targets=(line_preparation markup docx word_count settings)
 cmake --build "$build" -j"$(nproc)" --target "${targets[@]/%/_fuzz}"
