@@ -39,9 +39,9 @@ bool HasListingExtension(Host& host, const AnsiString& path) {
   return false;
 }
 
-// What path is when it is something a listing cannot be written to, else "".
-std::string_view UnusableKind(const AnsiString& path) {
-  switch (KindOfPath(path)) {
+// What a path of this kind is when a listing cannot be written to it, else "".
+std::string_view UnusableKindText(PathKind kind) {
+  switch (kind) {
     case PathKind::Folder: return "a folder";
     case PathKind::Pipe: return "a pipe (FIFO)";
     case PathKind::Device: return "a device";
@@ -51,15 +51,6 @@ std::string_view UnusableKind(const AnsiString& path) {
     case PathKind::RegularFile: break;
   }
   return {};
-}
-
-bool IsUsableOutputFile(Host& host, const AnsiString& path) {
-  const std::string_view kind = UnusableKind(path);
-  if (kind.empty()) return true;
-  Tell(host, kOutputFileTitle,
-       "The output file\r\n" + path + "\r\ncannot be used: it is " + AnsiString(kind) + ".",
-       MessageIcon::Exclamation);
-  return false;
 }
 
 bool FolderOfPathExists(const AnsiString& path) {
@@ -86,8 +77,14 @@ std::optional<AnsiString> ConfirmOutputFile(Host& host, const AnsiString& strOut
 }
 
 bool ProbeOutputFile(Host& host, const AnsiString& path) {
-  if (!IsUsableOutputFile(host, path)) return false;
-  const bool existed = KindOfPath(path) == PathKind::RegularFile;
+  const PathKind kind = KindOfPath(path);
+  if (const std::string_view what = UnusableKindText(kind); !what.empty()) {
+    Tell(host, kOutputFileTitle,
+         "The output file\r\n" + path + "\r\ncannot be used: it is " + AnsiString(what) + ".",
+         MessageIcon::Exclamation);
+    return false;
+  }
+  const bool existed = kind == PathKind::RegularFile;
   // O_EXCL: a file is created only where nothing was, never through a symbolic link.
   const int create = existed ? 0 : O_CREAT | O_EXCL;
   const int fd = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | create, 0666);
