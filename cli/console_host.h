@@ -33,8 +33,8 @@ class ConsoleHost : public Host {
   void StartTimer() override {}
   void StopTimer() override {}
 
-  std::u16string ClipboardText() override { return clipboard_; }
-  void SetClipboardText(std::u16string text) { clipboard_ = std::move(text); }
+  // No clipboard here: standard input streams to the run as its clipboard text instead.
+  std::u16string ClipboardText() override { return {}; }
 
   // The statistics labels, "caption value" each, in the window's order; hidden ones left out.
   std::string StatisticsText() const;
@@ -46,7 +46,6 @@ class ConsoleHost : public Host {
   Answer utf8Answer_;
   bool verbose_;
   AnsiString output_;
-  std::u16string clipboard_;
   std::map<Control, AnsiString> statistics_;
   std::map<Control, bool> hidden_;
   int errorReports_ = 0;

@@ -2,15 +2,18 @@
 // the same engine as the desktop program and prints the listing.
 #include <unistd.h>
 
+#include <exception>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
+#include <new>
 
 #include "cli/command_line.h"
 #include "cli/console_host.h"
 #include "engine/engine_context.h"
+#include "engine/program_texts.h"
 #include "engine/run_driver.h"
 #include "settings/settings_file.h"
+#include "support/run_error.h"
 
 namespace {
 
@@ -19,15 +22,7 @@ std::string ProgramFolder() {
   return std::filesystem::read_symlink("/proc/self/exe", ec).parent_path().string();
 }
 
-std::u16string ReadStandardInput() {
-  const std::string utf8{std::istreambuf_iterator<char>(std::cin),
-                         std::istreambuf_iterator<char>()};
-  return wordtally::AnsiToUtf16(wordtally::Utf8ToAnsiText(utf8));
-}
-
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
   using namespace wordtally;
   int exitStatus = 0;
   const auto options = ParseCommandLine(argc, argv, exitStatus);
@@ -46,8 +41,13 @@ int main(int argc, char** argv) {
   }
 
   ConsoleHost host(options->ansi ? Answer::No : Answer::Yes, options->verbose);
-  if (!settings.optInFile) host.SetClipboardText(ReadStandardInput());
   EngineContext ctx(host, settings);
+  // Standard input is counted as it streams in, so that memory does not grow with it.
+  LineReader standardInput;
+  if (!settings.optInFile) {
+    standardInput.OpenUtf8Stream(STDIN_FILENO);
+    ctx.clipboardStream = &standardInput;
+  }
   ctx.skipLineEndingChecks = true;
   std::string listing;
   ctx.onListingLine = [&listing](std::string_view line) {
@@ -60,5 +60,28 @@ int main(int argc, char** argv) {
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
   std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
   if (options->stats) std::cout << host.StatisticsText();
-  return 0;
+  // The listing is printed all the same; the message has told why the file did not get it.
+  return ctx.run.blnOutputFileMissed ? 1 : 0;
+}
+
+// What the error report says about an error that no run procedure caught.
+void ReportUncaught(int number, std::string_view description) {
+  using namespace wordtally;
+  std::cerr << texts::kErrorReportTitle << ": "
+            << ToTerminalText(ErrorReportText(number, description, texts::kErrorReportPrefix,
+                                              "main"))
+            << std::endl;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    ReportUncaught(wordtally::kErrOutOfMemory, "Out of memory");
+  } catch (const std::exception& e) {
+    ReportUncaught(wordtally::kErrInternal, e.what());
+  }
+  return 1;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "input/text_rules.h"
+#include "engine/words_to_ignore.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
@@ -46,7 +47,7 @@ struct CountingSettings {
   std::array<AnsiString, 2> txbFile;  // 0: input file, 1: output file
 
   // Prepared from txbWordsToIgnore by txbWordsToIgnore_LostFocus: " and of the " or "".
-  AnsiString strWordsToIgnore;
+  WordsToIgnore strWordsToIgnore;
 };
 
 // Derived values shared by the whole engine.

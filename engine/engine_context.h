@@ -9,6 +9,7 @@
 #include "engine/counting_settings.h"
 #include "engine/run_state.h"
 #include "engine/word_store.h"
+#include "input/line_reader.h"
 #include "support/host.h"
 
 namespace wordtally {
@@ -34,6 +35,9 @@ struct EngineContext {
   // path, which skips the line-ending checks, and receives every listing line in full.
   bool skipLineEndingChecks = false;
   std::function<void(std::string_view)> onListingLine;
+  // When set, a clipboard run reads its text from this stream (the command line's standard
+  // input, UTF-8) as it arrives instead of asking the host for the clipboard's text.
+  LineReader* clipboardStream = nullptr;
 
   // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
   // kTurnStride calls, and it decides by its clock whether a real turn is due.

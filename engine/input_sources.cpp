@@ -26,6 +26,8 @@ constexpr std::string_view kSameFile = "Output file cannot be the same as the in
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
 constexpr int32_t kStopWithoutAskingBelow = 2000;
+constexpr int32_t kCheckedClipboardChars = 3000;
+constexpr std::string_view kStandardInputName = "(standard input)";
 
 // The refusals of a file run are warnings.
 void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
@@ -74,6 +76,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
       ctx.settings.chkUTF8 = 1;
       ctx.host.SettingsChanged();
     }
+    ctx.run.comment.lineGoesOn = reader.LineGoesOn();
     if (!line.empty()) {
       line += ' ';
       walker.WalkLine();
@@ -82,7 +85,8 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
   }
 }
 
-// Refuses an output file that is the input file, and with checkDocx one that is a docx file.
+// Refuses an output file that is the input file or the common-words file, and with checkDocx
+// one that is a docx file.
 bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool checkDocx) {
   const CountingSettings& s = ctx.settings;
   if (!OutputToFileActive(s)) return true;
@@ -90,6 +94,7 @@ bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool
     Warn(ctx, texts::kGenericErrorTitle, kSameFile);
     return false;
   }
+  if (!OutputSparesCommonWordsFile(ctx)) return false;
   if (checkDocx && LowerExtension(s.txbFile[1]) == "docx") {
     Warn(ctx, texts::kGenericErrorTitle, kDocxOutput);
     return false;
@@ -209,6 +214,23 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
   return true;
 }
 
+// The reader of the clipboard text, or nullptr when the text does not pass the plain-text test
+// of its first kCheckedClipboardChars characters. The host's clipboard text is read whole into
+// textReader; the command line's standard input streams through its own reader, and its first
+// characters are tested before they are read (no character takes more than four bytes).
+LineReader* ClipboardReader(EngineContext& ctx, LineReader& textReader) {
+  if (ctx.clipboardStream != nullptr) {
+    const std::string_view start = ctx.clipboardStream->Peek(4 * kCheckedClipboardChars);
+    const bool plain = IsPlainText(AnsiToUtf16(Utf8ToAnsiText(start)), kCheckedClipboardChars,
+                                   true, TextRulesOf(ctx.settings));
+    return plain ? ctx.clipboardStream : nullptr;
+  }
+  const std::u16string text = ctx.host.ClipboardText();
+  if (!IsPlainText(text, kCheckedClipboardChars, true, TextRulesOf(ctx.settings))) return nullptr;
+  textReader.OpenText(Utf16ToAnsi(text));
+  return &textReader;
+}
+
 }  // namespace
 
 bool DoItFromFile(EngineContext& ctx) {
@@ -227,8 +249,9 @@ bool DoItFromFile(EngineContext& ctx) {
 
 bool DoItFromClipboard(EngineContext& ctx) {
   try {
-    const std::u16string text = ctx.host.ClipboardText();
-    if (!IsPlainText(text, 3000, true, TextRulesOf(ctx.settings))) {
+    LineReader textReader;
+    LineReader* reader = ClipboardReader(ctx, textReader);
+    if (reader == nullptr) {
       Warn(ctx, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.
@@ -237,11 +260,10 @@ bool DoItFromClipboard(EngineContext& ctx) {
       return false;
     }
     ResetStoreForCounting(ctx);
-    LineReader reader;
-    reader.OpenText(Utf16ToAnsi(text));
     LinePreparer preparer("", false, false);
-    CountLines(ctx, reader, preparer);
-    return true;
+    CountLines(ctx, *reader, preparer);
+    if (reader->ErrorNumber() == 0) return true;
+    ShowReadFailure(ctx.host, *reader, std::string(kStandardInputName));
   } catch (const RunError& e) {
     ReportError(ctx, e.Number(), e.what(), texts::kErrorReportPrefix, "DoItFromClipboard");
   } catch (const std::bad_alloc&) {

@@ -1,10 +1,5 @@
 #include "engine/run_driver.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
 #include <string>
 
 #include "engine/engine_context.h"
@@ -13,6 +8,7 @@
 #include "engine/word_filters.h"
 #include "results/list_summary.h"
 #include "results/listing.h"
+#include "results/output_file.h"
 #include "results/sorting.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
@@ -20,20 +16,6 @@
 
 namespace wordtally {
 namespace {
-
-// Checks that the output file can be written, without touching an existing file's content; a
-// file that did not exist is created and removed again.
-void ProbeOutputFile(const std::string& path) {
-  const bool existed = FileExists(path);
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT, 0644);
-  if (fd < 0) {
-    const int number = errno == EACCES || errno == EPERM || errno == EISDIR ? kErrPermissionDenied
-                                                                          : kErrPathFileAccess;
-    throw RunError(number, std::strerror(errno));
-  }
-  ::close(fd);
-  if (!existed) ::unlink(path.c_str());
-}
 
 void ResetRun(EngineContext& ctx) {
   RunState& run = ctx.run;
@@ -43,6 +25,7 @@ void ResetRun(EngineContext& ctx) {
   run.blnSuppressionNoticeShown = false;
   run.blnInputIsDocx = false;
   run.blnWordsGot = false;
+  run.blnOutputFileMissed = false;
   run.intMinWidth = 6;
   run.lngTotalNumOccurrences = 0;
   run.lngNumWordsIgnored = 0;
@@ -77,12 +60,22 @@ bool EnsureCommonWordsLoaded(EngineContext& ctx) {
 
 // Source "clipboard": there must be text on it.
 bool ClipboardHasText(EngineContext& ctx) {
-  if (!ctx.host.ClipboardText().empty()) return true;
+  const bool hasText = ctx.clipboardStream != nullptr ? !ctx.clipboardStream->Peek(1).empty()
+                                                      : !ctx.host.ClipboardText().empty();
+  if (hasText) return true;
   ctx.host.ShowMessage({"Clipboard empty", "Clipboard is empty.", MessageIcon::None,
                         MessageButtons::Ok});
   ctx.settings.optInFile = true;
   ctx.host.SettingsChanged();
   return false;
+}
+
+// The output file, when one is named, may be written: it is not the common-words file, and the
+// probe found it writable.
+bool OutputFileUsable(EngineContext& ctx) {
+  const CountingSettings& s = ctx.settings;
+  return !OutputToFileActive(s) ||
+         (OutputSparesCommonWordsFile(ctx) && ProbeOutputFile(ctx.host, s.txbFile[1]));
 }
 
 // Counts the chosen source into the store; false when the run was abandoned.
@@ -161,6 +154,7 @@ void ListResults(EngineContext& ctx) {
                      ctx.settings.chkIgnoreCommonWords == 1);
   const ListingOutcome outcome = ListWords(list, stats, ctx.host, MakeListingOptions(ctx));
   ctx.run.blnStop = false;
+  ctx.run.blnOutputFileMissed = outcome.blnFileMissed;
   if (outcome.blnFileWritten && outcome.strOutputFile != ctx.settings.txbFile[1]) {
     ctx.settings.txbFile[1] = outcome.strOutputFile;  // edited in the overwrite box
     ctx.host.SettingsChanged();
@@ -171,6 +165,15 @@ void ListResults(EngineContext& ctx) {
     const AnsiString where = outcome.blnFileWritten ? outcome.strOutputFile : AnsiString();
     ReportError(ctx, kErrTextboxFull, where, "", outcome.strProcedure);
   }
+}
+
+// Starts the clock, counts the source, sorts the store and lists it, unless the source was
+// abandoned or the user does not want a stopped run listed.
+void CountAndList(EngineContext& ctx) {
+  StartClock(ctx);
+  if (!CountSource(ctx)) return;
+  QuickSortWords(ctx.store.WordList(), 1, ctx.store.lngNumWords(), 1);
+  if (!ctx.run.blnStop || ConfirmListingAfterStop(ctx)) ListResults(ctx);
 }
 
 AnsiString TextboxFullText(std::string_view outputFile) {
@@ -185,6 +188,15 @@ AnsiString TextboxFullText(std::string_view outputFile) {
 
 }  // namespace
 
+bool OutputSparesCommonWordsFile(EngineContext& ctx) {
+  const CountingSettings& s = ctx.settings;
+  if (s.chkIgnoreCommonWords != 1 || !SameFile(s.txbFile[1], s.txbCommonWordsFile)) return true;
+  ctx.host.ShowMessage({AnsiString(texts::kGenericErrorTitle),
+                        "Output file cannot be the common-words file\r\n" + s.txbCommonWordsFile,
+                        MessageIcon::Exclamation, MessageButtons::Ok});
+  return false;
+}
+
 bool ValidateSettings(EngineContext& ctx) {
   const CountingSettings& s = ctx.settings;
   if (s.chkUTF8 == 1 && s.chkOnly7bitASCII == 1) {
@@ -198,17 +210,19 @@ bool ValidateSettings(EngineContext& ctx) {
   return true;
 }
 
+AnsiString ErrorReportText(int number, std::string_view description, std::string_view prefix,
+                           std::string_view procedure) {
+  return AnsiString(prefix) + "At " + AnsiString(procedure) + " error #" + std::to_string(number) +
+         ".\r\nDescription: " + AnsiString(description);
+}
+
 void ReportError(EngineContext& ctx, int number, std::string_view description,
                  std::string_view prefix, std::string_view procedure) {
   ctx.host.StopTimer();
   ctx.run.blnElapsedTimeRunning = false;
-  AnsiString text;
-  if (number == kErrTextboxFull) {
-    text = TextboxFullText(description) + "\r\n(" + AnsiString(procedure) + ")";
-  } else {
-    text = AnsiString(prefix) + "At " + AnsiString(procedure) + " error #" +
-           std::to_string(number) + ".\r\nDescription: " + AnsiString(description);
-  }
+  const AnsiString text = number == kErrTextboxFull
+                             ? TextboxFullText(description) + "\r\n(" + AnsiString(procedure) + ")"
+                             : ErrorReportText(number, description, prefix, procedure);
   ctx.host.ShowMessage({AnsiString(texts::kErrorReportTitle), text, MessageIcon::Exclamation,
                         MessageButtons::Ok});
 }
@@ -223,13 +237,7 @@ void DoIt(EngineContext& ctx) {
       return;
     }
     ctx.host.SetBusy(true);
-    if (OutputToFileActive(ctx.settings)) ProbeOutputFile(ctx.settings.txbFile[1]);
-    StartClock(ctx);
-    if (CountSource(ctx)) {
-      const auto list = ctx.store.WordList();
-      QuickSortWords(list, 1, ctx.store.lngNumWords(), 1);
-      if (!ctx.run.blnStop || ConfirmListingAfterStop(ctx)) ListResults(ctx);
-    }
+    if (OutputFileUsable(ctx)) CountAndList(ctx);
   } catch (const RunError& e) {
     ReportError(ctx, e.Number(), e.what(), texts::kErrorReportPrefix, "DoIt");
     if (e.Number() == kErrPermissionDenied) {

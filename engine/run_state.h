@@ -29,6 +29,7 @@ struct RunState {
   bool blnWordsGot = false;
   bool blnStoppedAndListed = false;
   bool blnSuppressionNoticeShown = false;
+  bool blnOutputFileMissed = false;  // the listing did not reach the named output file in full
 
   // Clock.
   bool blnElapsedTimeRunning = false;

@@ -22,28 +22,24 @@ namespace wordtally {
 
 namespace {
 
-// The word lower-cased with a blank on each side, " word ", as the words to ignore hold it.
-// Ordinary words stay in the object's own buffer, so the per-word path does not allocate.
-class BlankedLowerCaseWord {
+// The word lower-cased. Ordinary words stay in the object's own buffer, so the per-word path
+// does not allocate.
+class LowerCaseWord {
  public:
-  explicit BlankedLowerCaseWord(std::string_view word) {
-    const size_t size = word.size() + 2;
+  explicit LowerCaseWord(std::string_view word) {
     char* text = inline_.data();
-    if (size > inline_.size()) {
-      heap_.resize(size);
+    if (word.size() > inline_.size()) {
+      heap_.resize(word.size());
       text = heap_.data();
     }
-    text[0] = ' ';
-    std::memcpy(text + 1, word.data(), word.size());
-    LowerAnsiInPlace(text + 1, word.size());
-    text[size - 1] = ' ';
-    text_ = std::string_view(text, size);
+    std::memcpy(text, word.data(), word.size());
+    LowerAnsiInPlace(text, word.size());
+    text_ = std::string_view(text, word.size());
   }
-  BlankedLowerCaseWord(const BlankedLowerCaseWord&) = delete;
-  BlankedLowerCaseWord& operator=(const BlankedLowerCaseWord&) = delete;
+  LowerCaseWord(const LowerCaseWord&) = delete;
+  LowerCaseWord& operator=(const LowerCaseWord&) = delete;
 
-  std::string_view WithBlanks() const { return text_; }
-  std::string_view Word() const { return text_.substr(1, text_.size() - 2); }
+  std::string_view Word() const { return text_; }
 
  private:
   std::array<char, 128> inline_;
@@ -109,6 +105,7 @@ bool WalkCommonWordsFile(EngineContext& ctx, const std::string& path) {
     Utf8ToAnsiInPlace(strLine);
     LowerAnsiInPlace(strLine);
     strLine += ' ';
+    ctx.run.comment.lineGoesOn = reader.LineGoesOn();
     walker.WalkLine();
   }
   if (reader.ErrorNumber() != 0) {
@@ -161,8 +158,8 @@ void GetWords2(EngineContext& ctx, std::string_view word) {
   }
   const bool ignoreCommonWords = settings.chkIgnoreCommonWords == 1;
   if (!settings.strWordsToIgnore.empty() || ignoreCommonWords) {
-    const BlankedLowerCaseWord lowered(word);
-    if (settings.strWordsToIgnore.find(lowered.WithBlanks()) != AnsiString::npos) {
+    const LowerCaseWord lowered(word);
+    if (settings.strWordsToIgnore.Contains(lowered.Word())) {
       Increment(ctx.run.lngNumWordsIgnored);
       return;
     }

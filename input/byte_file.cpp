@@ -25,6 +25,14 @@ int ByteFile::Open(const std::string& path) {
   return 0;
 }
 
+void ByteFile::Attach(int descriptor) {
+  Close();
+  struct stat info {};
+  fd_ = descriptor;
+  size_ = ::fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode) ? info.st_size : 0;
+  lastError_ = 0;
+}
+
 void ByteFile::Close() {
   if (fd_ >= 0) ::close(fd_);
   fd_ = -1;

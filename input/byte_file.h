@@ -16,6 +16,9 @@ class ByteFile {
 
   // Opens a regular file for reading: 0 on success, else the error number (EISDIR for a folder).
   int Open(const std::string& path);
+  // Takes over an open descriptor (standard input, a pipe); closes it like a file it opened.
+  // Size() is 0 unless it is a regular file.
+  void Attach(int descriptor);
   void Close();
   bool IsOpen() const { return fd_ >= 0; }
   int64_t Size() const { return size_; }

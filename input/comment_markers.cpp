@@ -38,7 +38,7 @@ void SkipComment(const CommentMarkerPairs& markers, std::string_view line, int32
   const AnsiString& end = markers.end[pair];
   if (end.empty()) {  // the comment runs to the end of this line
     lngLP = beyondLine;
-    state.intWithinComment = -1;
+    if (!state.lineGoesOn) state.intWithinComment = -1;
     return;
   }
   const size_t found = from <= line.size() ? line.find(end, from) : std::string_view::npos;

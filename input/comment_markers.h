@@ -24,6 +24,9 @@ CommentMarkerPairs CommentSyntax(std::string_view name);
 struct CommentState {
   int16_t intWithinComment = -1;
   bool startMarkerPending = false;  // the start marker at lngLP has not been stepped over yet
+  // The line walked is a piece of an over-long line whose rest comes next: a comment to the end
+  // of the line goes on into it.
+  bool lineGoesOn = false;
 };
 
 // The detector: the index of the pair whose start marker begins at 1-based position lngLP of
@@ -33,7 +36,8 @@ int16_t DetectComment(const CommentMarkerPairs& markers, std::string_view line, 
 
 // The skipper: moves lngLP through the comment text. When the end marker is passed, lngLP is the
 // position after it and intWithinComment is -1; when the line ends first, lngLP is beyond the
-// line and the state carries over to the next line (an empty end marker ends the comment there).
+// line and the state carries over to the next line (an empty end marker ends the comment there,
+// unless state.lineGoesOn).
 void SkipComment(const CommentMarkerPairs& markers, std::string_view line, int32_t& lngLP,
                  CommentState& state);
 

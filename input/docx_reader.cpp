@@ -18,6 +18,9 @@ constexpr const char* kDocumentPart = "word/document.xml";
 constexpr char kNamespaceSeparator = '|';
 constexpr std::string_view kWordNamespaceMark = "wordprocessingml";
 constexpr std::string_view kCompatibilityNamespaceMark = "markup-compatibility";
+// Real documents nest a few dozen elements deep; expat keeps every open element in memory, so
+// a small archive of millions of unclosed elements would otherwise take gigabytes.
+constexpr int kMaxElementDepth = 4000;
 
 struct ArchiveCloser {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -40,6 +43,7 @@ std::string_view LocalNameIn(const XML_Char* name, std::string_view mark) {
 
 // Collects the text of the document part: text runs, breaks, tabs and paragraph ends. The
 // fallback branch of alternative content repeats what its chosen branch holds, so it is skipped.
+// A document nested deeper than kMaxElementDepth stops the parser and is taken as damaged.
 class DocumentText {
  public:
   DocumentText() : parser_(XML_ParserCreateNS(nullptr, kNamespaceSeparator)) {
@@ -68,6 +72,7 @@ class DocumentText {
   }
 
   void Start(const XML_Char* name) {
+    if (++depth_ > kMaxElementDepth) XML_StopParser(parser_.get(), XML_FALSE);
     if (LocalNameIn(name, kCompatibilityNamespaceMark) == "Fallback") ++fallbackDepth_;
     std::string_view local = LocalNameIn(name, kWordNamespaceMark);
     if (local == "r") {
@@ -81,6 +86,7 @@ class DocumentText {
   }
 
   void End(const XML_Char* name) {
+    --depth_;
     if (LocalNameIn(name, kCompatibilityNamespaceMark) == "Fallback") --fallbackDepth_;
     std::string_view local = LocalNameIn(name, kWordNamespaceMark);
     if (local == "r") --runDepth_;
@@ -90,6 +96,7 @@ class DocumentText {
 
   std::unique_ptr<XML_ParserStruct, ParserFreer> parser_;
   AnsiString text_;
+  int depth_ = 0;
   int runDepth_ = 0;
   int textDepth_ = 0;
   int fallbackDepth_ = 0;

@@ -11,7 +11,8 @@ namespace wordtally {
 enum class DocxStatus {
   Ok,
   NotDocx,     // not a zip archive at all (no zip signature)
-  Damaged,     // bad checksum, truncated or unreadable archive, no document part, bad XML
+  Damaged,     // bad checksum, truncated or unreadable archive, no document part, bad XML,
+               // elements nested thousands deep
   TooBig,      // the document part inflates to more than kMaxDocxDocumentBytes
   CannotOpen,  // the operating system refused the file (see errorNumber)
 };

@@ -2,21 +2,31 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <utility>
 
+#include "support/ansi_text.h"
 #include "support/host.h"
 
 namespace wordtally {
 
-LineReader::LineReader(std::size_t blockSize) : block_(std::max<std::size_t>(blockSize, 16)) {}
+LineReader::LineReader(std::size_t blockSize, std::size_t maxLineLength)
+    : block_(std::max<std::size_t>(blockSize, 16)),
+      maxLineLength_(std::max<std::size_t>(maxLineLength, 1)) {}
 
-bool LineReader::Open(const std::string& path) {
+void LineReader::Reset() {
   text_.clear();
   data_ = block_.data();
   pos_ = end_ = 0;
   cachesValid_ = false;
   consumedBeforeBuffer_ = 0;
   errorNumber_ = 0;
+  lineGoesOn_ = false;
+  utf8_ = false;
+}
+
+bool LineReader::Open(const std::string& path) {
+  Reset();
   int osError = file_.Open(path);
   if (osError != 0) {
     errorNumber_ = RunErrorNumberOf(osError);
@@ -29,16 +39,21 @@ bool LineReader::Open(const std::string& path) {
   return true;
 }
 
+void LineReader::OpenUtf8Stream(int descriptor) {
+  Reset();
+  file_.Attach(descriptor);
+  size_ = file_.Size();
+  atEof_ = false;
+  utf8_ = true;
+}
+
 void LineReader::OpenText(AnsiString text) {
   file_.Close();
+  Reset();
   text_ = std::move(text);
   data_ = text_.data();
-  pos_ = 0;
   end_ = text_.size();
   size_ = static_cast<int64_t>(end_);
-  cachesValid_ = false;
-  consumedBeforeBuffer_ = 0;
-  errorNumber_ = 0;
   atEof_ = true;
 }
 
@@ -81,20 +96,36 @@ std::size_t LineReader::NextInBuffer(char wanted, std::size_t& cached) {
 }
 
 bool LineReader::NextLine(std::string_view& line) {
+  if (!NextRawLine(line)) return false;
+  if (utf8_) {
+    decoded_ = Utf8ToAnsiText(line);
+    line = decoded_;
+  }
+  return true;
+}
+
+bool LineReader::NextRawLine(std::string_view& line) {
   for (;;) {
+    std::size_t eol = end_;
+    bool crNeedsLookahead = false;
     if (pos_ < end_) {
       std::size_t lf = NextInBuffer('\n', nextLf_);
       std::size_t cr = NextInBuffer('\r', nextCr_);
       cachesValid_ = true;
-      std::size_t eol = std::min(lf, cr);
-      bool crNeedsLookahead = eol == cr && cr + 1 == end_ && !atEof_;
-      if (eol < end_ && !crNeedsLookahead) {
-        std::size_t next = eol + 1;
-        if (data_[eol] == '\r' && next < end_ && data_[next] == '\n') ++next;
-        line = std::string_view(data_ + pos_, eol - pos_);
-        pos_ = next;
-        return true;
-      }
+      eol = std::min(lf, cr);
+      crNeedsLookahead = eol == cr && cr + 1 == end_ && !atEof_;
+    }
+    if (eol - pos_ > maxLineLength_) {
+      TakePiece(line);
+      return true;
+    }
+    lineGoesOn_ = false;
+    if (eol < end_ && !crNeedsLookahead) {
+      std::size_t next = eol + 1;
+      if (data_[eol] == '\r' && next < end_ && data_[next] == '\n') ++next;
+      line = std::string_view(data_ + pos_, eol - pos_);
+      pos_ = next;
+      return true;
     }
     if (atEof_) {
       if (pos_ >= end_) return false;
@@ -104,6 +135,27 @@ bool LineReader::NextLine(std::string_view& line) {
     }
     Refill();
   }
+}
+
+// The line at pos_ holds more than the maximum: hands out its start up to the last blank or tab
+// that leaves at most the maximum before it (the byte after the maximum counts, the blank is
+// dropped), or the maximum itself when there is no blank.
+void LineReader::TakePiece(std::string_view& line) {
+  const char* const start = data_ + pos_;
+  const std::size_t window = maxLineLength_ + 1;
+  const void* space = ::memrchr(start, ' ', window);
+  const void* tab = ::memrchr(start, '\t', window);
+  const char* blank = static_cast<const char*>(std::max(space, tab, std::less<>()));
+  const std::size_t length =
+      blank == nullptr ? maxLineLength_ : static_cast<std::size_t>(blank - start);
+  line = std::string_view(start, length);
+  pos_ += blank == nullptr ? length : length + 1;
+  lineGoesOn_ = true;
+}
+
+std::string_view LineReader::Peek(std::size_t count) {
+  while (end_ - pos_ < count && !atEof_) Refill();
+  return std::string_view(data_ + pos_, std::min(count, end_ - pos_));
 }
 
 void ShowReadFailure(Host& host, const LineReader& reader, const std::string& path) {

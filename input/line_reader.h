@@ -1,8 +1,9 @@
 #pragma once
-// Reads a text file (or a text held in memory) line by line. The file is read in large blocks and
-// each line is handed out as a view into the block, so no line is copied; memory stays at one
-// block whatever the file's size (a single line longer than a block widens the block to hold it).
-// CR LF, LF and CR each end a line, also when a CR ends one block and its LF begins the next.
+// Reads a text file (or a stream, or a text held in memory) line by line. The input is read in
+// large blocks and each line is handed out as a view into the block, so no line is copied; memory
+// stays at one block whatever the input's size (a line longer than a block widens the block to
+// hold it, up to the longest line handed out whole). CR LF, LF and CR each end a line, also when a
+// CR ends one block and its LF begins the next.
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,18 +18,34 @@ namespace wordtally {
 class LineReader {
  public:
   static constexpr std::size_t kBlockSize = 1 << 20;
+  // A longer line is handed out in pieces, so that neither memory nor 32-bit positions grow
+  // with it.
+  static constexpr std::size_t kMaxLineLength = 16 << 20;
 
-  explicit LineReader(std::size_t blockSize = kBlockSize);
+  explicit LineReader(std::size_t blockSize = kBlockSize,
+                      std::size_t maxLineLength = kMaxLineLength);
 
   // Opens a file; false on failure, with ErrorNumber() 70 (permission denied), 53 (not found)
   // or 75 (any other failure, a folder given as a file among them).
   bool Open(const std::string& path);
+  // Reads a stream of UTF-8 text on an open descriptor (standard input) as it arrives, taking
+  // the descriptor over; each line is translated into the code page ("?" for a character
+  // outside it). Its size is unknown: Size() is 0.
+  void OpenUtf8Stream(int descriptor);
   // Serves the lines of text, which the reader keeps.
   void OpenText(AnsiString text);
 
   // The next line without its line end; false at the end of the input or after a read error
-  // (ErrorNumber() tells them apart). The view is valid until the next call.
+  // (ErrorNumber() tells them apart). The view is valid until the next call. A line longer than
+  // the maximum comes in pieces: each ends before the last blank or tab within the maximum
+  // length (the blank is dropped; words are never cut), or at the maximum length itself where
+  // there is none, and LineGoesOn() tells that the next piece continues the same line.
   bool NextLine(std::string_view& line);
+  bool LineGoesOn() const { return lineGoesOn_; }
+
+  // The unread bytes as they stand in the input (not translated), after reading on until at
+  // least count of them are in or the input ends; fewer than count only at the end.
+  std::string_view Peek(std::size_t count);
 
   int ErrorNumber() const { return errorNumber_; }
   std::string ErrorDescription() const;
@@ -36,11 +53,17 @@ class LineReader {
   int64_t Size() const { return size_; }
 
  private:
+  void Reset();
   void Refill();
   std::size_t NextInBuffer(char wanted, std::size_t& cached);
+  bool NextRawLine(std::string_view& line);
+  void TakePiece(std::string_view& line);
 
   ByteFile file_;
   std::vector<char> block_;
+  std::size_t maxLineLength_;
+  bool utf8_ = false;           // lines are translated from UTF-8 into decoded_
+  AnsiString decoded_;
   AnsiString text_;             // the in-memory input
   const char* data_ = nullptr;  // block_ or text_
   std::size_t pos_ = 0;         // start of the next line in data_
@@ -49,6 +72,7 @@ class LineReader {
   std::size_t nextCr_ = 0;
   bool cachesValid_ = false;
   bool atEof_ = true;
+  bool lineGoesOn_ = false;
   int64_t consumedBeforeBuffer_ = 0;
   int64_t size_ = 0;
   int errorNumber_ = 0;

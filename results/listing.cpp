@@ -193,8 +193,12 @@ ListingOutcome ListWords(std::span<const WordListEntry> WordList, const ListStat
       MakeListingLayout(stats, options.intMinWidth, options.cboDisplayFormat, blnCommaMode);
   const AnsiString pathText = path.value_or(AnsiString());
   ListingSession session(WordList, layout, host, options, file, pathText);
-  return options.cboWordOrder == 0 ? ListWordsByFrequency(WordList, stats, session)
-                                   : ListWordsAlphabetically(WordList, session);
+  ListingOutcome outcome = options.cboWordOrder == 0
+                               ? ListWordsByFrequency(WordList, stats, session)
+                               : ListWordsAlphabetically(WordList, session);
+  const bool fileWanted = options.chkDisableOutputToFile != 1 && !options.strOutputFile.empty();
+  outcome.blnFileMissed = fileWanted && !outcome.blnFileWritten;
+  return outcome;
 }
 
 }  // namespace wordtally

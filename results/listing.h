@@ -46,6 +46,9 @@ struct ListingOutcome {
   // The listing went to a file and every byte of it was written (also when stopped).
   bool blnFileWritten = false;
   AnsiString strOutputFile;  // the file, as confirmed or edited in the overwrite box
+  // An output file was named but did not receive the whole listing: refused (its extension, or
+  // Cancel in the overwrite box) or a write failed (a full disk).
+  bool blnFileMissed = false;
 };
 
 // Lists the included words of WordList (element 0 unused) after the ordering steps: the header

@@ -1,6 +1,13 @@
 #include "results/output_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
 #include "support/file_utils.h"
+#include "support/run_error.h"
 
 namespace wordtally {
 
@@ -18,7 +25,7 @@ constexpr std::string_view kOverwritePrompt =
     "(This 'warn on overwrite' can be disabled\r\n"
     "in the 'Settings' window.)";
 constexpr std::string_view kNoFolderText = "Folder does not exist.";
-constexpr std::string_view kNoFolderTitle = "Output file";
+constexpr std::string_view kOutputFileTitle = "Output file";
 constexpr std::string_view kNoteStart = "\"To open this file in Excel state that it is delimited by ";
 constexpr std::string_view kNoteCommas = "commas.";
 constexpr std::string_view kNoteSpaces = "spaces.";
@@ -30,6 +37,20 @@ bool HasListingExtension(Host& host, const AnsiString& path) {
   if (extension == "txt" || extension == "csv") return true;
   Tell(host, kExtensionTitle, kExtensionText, MessageIcon::Exclamation);
   return false;
+}
+
+// What a path of this kind is when a listing cannot be written to it, else "".
+std::string_view UnusableKindText(PathKind kind) {
+  switch (kind) {
+    case PathKind::Folder: return "a folder";
+    case PathKind::Pipe: return "a pipe (FIFO)";
+    case PathKind::Device: return "a device";
+    case PathKind::Socket: return "a socket";
+    case PathKind::BrokenLink: return "a symbolic link to a file that does not exist";
+    case PathKind::Missing:
+    case PathKind::RegularFile: break;
+  }
+  return {};
 }
 
 bool FolderOfPathExists(const AnsiString& path) {
@@ -48,11 +69,33 @@ std::optional<AnsiString> ConfirmOutputFile(Host& host, const AnsiString& strOut
       host.InputBox(AnsiString(kOverwriteTitle), AnsiString(kOverwritePrompt), strOutputFile);
   if (!edited || *edited == strOutputFile) return edited;
   if (!FolderOfPathExists(*edited)) {
-    Tell(host, kNoFolderTitle, kNoFolderText, MessageIcon::Exclamation);
+    Tell(host, kOutputFileTitle, kNoFolderText, MessageIcon::Exclamation);
     return std::nullopt;
   }
   if (!HasListingExtension(host, *edited)) return std::nullopt;
   return edited;
+}
+
+bool ProbeOutputFile(Host& host, const AnsiString& path) {
+  const PathKind kind = KindOfPath(path);
+  if (const std::string_view what = UnusableKindText(kind); !what.empty()) {
+    Tell(host, kOutputFileTitle,
+         "The output file\r\n" + path + "\r\ncannot be used: it is " + AnsiString(what) + ".",
+         MessageIcon::Exclamation);
+    return false;
+  }
+  const bool existed = kind == PathKind::RegularFile;
+  // O_EXCL: a file is created only where nothing was, never through a symbolic link.
+  const int create = existed ? 0 : O_CREAT | O_EXCL;
+  const int fd = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | create, 0666);
+  if (fd < 0) {
+    const int number = errno == EACCES || errno == EPERM || errno == EISDIR ? kErrPermissionDenied
+                                                                          : kErrPathFileAccess;
+    throw RunError(number, std::strerror(errno));
+  }
+  ::close(fd);
+  if (!existed) ::unlink(path.c_str());
+  return true;
 }
 
 AnsiString OutputFileNote(bool blnCommas) {
@@ -71,7 +114,11 @@ bool OutputFileWriter::Open(const AnsiString& path) {
   failed_ = false;
   buffer_.clear();
   buffer_.reserve(kWriteBlockSize);
-  file_ = std::fopen(path.c_str(), "wb");
+  // Non-blocking: a pipe put in the file's place while the words were counted is not waited for.
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666);
+  if (fd < 0) return false;
+  file_ = ::fdopen(fd, "wb");
+  if (file_ == nullptr) ::close(fd);
   return file_ != nullptr;
 }
 

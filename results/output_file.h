@@ -17,6 +17,13 @@ namespace wordtally {
 std::optional<AnsiString> ConfirmOutputFile(Host& host, const AnsiString& strOutputFile,
                                             bool blnWarnOnOverwrite);
 
+// Checks before counting that the listing can be written to path without touching what is
+// there: an existing regular file is opened for writing and closed unchanged, a missing one is
+// created and removed again; nothing else is opened, so the check never waits. False, with the
+// message shown, when path is not a regular file (a folder, a pipe, a device, a link to nothing);
+// throws RunError 70 or 75 when the system refuses to write there.
+bool ProbeOutputFile(Host& host, const AnsiString& path);
+
 // The two-line note in one pair of double quotes, so that a spreadsheet reads it as one cell;
 // it names commas or spaces as the delimiter. Ends with CR LF.
 AnsiString OutputFileNote(bool blnCommas);
@@ -30,7 +37,8 @@ class OutputFileWriter {
   OutputFileWriter& operator=(const OutputFileWriter&) = delete;
   ~OutputFileWriter();
 
-  // Creates or empties the file; false when it cannot be opened for writing.
+  // Creates or empties the file; false when it cannot be opened for writing (a pipe without a
+  // reader among them: it is never waited for).
   bool Open(const AnsiString& path);
   void Write(std::string_view text);
   void WriteLine(std::string_view line);  // the line and CR LF

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build needs, and those named as arguments (what packaging
-# needs), when any is missing.
+# Installs the Debian packages the build needs (clang and its libFuzzer runtime for the fuzz
+# targets), and those named as arguments (what packaging needs), when any is missing.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev qt6-base-dev-tools libzip-dev zipcmp zipmerge ziptool libexpat1-dev
-  libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core "$@")
+  libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core
+  clang libclang-rt-14-dev "$@")
 
 missing=()
 for p in "${packages[@]}"; do

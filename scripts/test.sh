@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Builds, then runs every test through CTest. Window tests run on Qt's offscreen platform.
+# WORDTALLY_BUILD_DIR names another build folder than build/ (extra arguments go to CMake).
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$root/scripts/build.sh" "$@"
-cd "$root/build"
+cd "$root/${WORDTALLY_BUILD_DIR:-build}"
 # CTest lists skipped tests after its summary; the summary is repeated so that it ends the output.
 log="$(mktemp)"
 trap 'rm -f "$log"' EXIT

@@ -38,10 +38,23 @@ std::string LowerExtension(const std::string& path) {
 std::string FolderPart(const std::string& path) { return fs::path(path).parent_path().string(); }
 
 bool SameFile(const std::string& a, const std::string& b) {
-  std::error_code ea, eb;
-  const fs::path ca = fs::weakly_canonical(fs::absolute(a), ea);
-  const fs::path cb = fs::weakly_canonical(fs::absolute(b), eb);
-  return !ea && !eb && ca == cb;
+  std::error_code ec;
+  return !a.empty() && !b.empty() && fs::equivalent(a, b, ec) && !ec;
+}
+
+PathKind KindOfPath(const std::string& path) {
+  std::error_code ec;
+  const fs::file_status status = fs::status(path, ec);
+  switch (status.type()) {
+    case fs::file_type::regular: return PathKind::RegularFile;
+    case fs::file_type::directory: return PathKind::Folder;
+    case fs::file_type::fifo: return PathKind::Pipe;
+    case fs::file_type::character:
+    case fs::file_type::block: return PathKind::Device;
+    case fs::file_type::socket: return PathKind::Socket;
+    default: break;
+  }
+  return fs::is_symlink(fs::symlink_status(path, ec)) ? PathKind::BrokenLink : PathKind::Missing;
 }
 
 TemporaryFolder::TemporaryFolder() {

@@ -10,8 +10,13 @@ bool FolderExists(const std::string& path);  // an existing directory
 int64_t FileSize(const std::string& path);   // -1 when there is no such file
 std::string LowerExtension(const std::string& path);  // "Book.TXT" -> "txt"; "" when none
 std::string FolderPart(const std::string& path);      // "/a/b.txt" -> "/a"; "" when none
-// Canonical form for comparing two names of one file (relative, absolute, symbolic links).
+// True when both names reach one existing file (same device and inode), whatever the path:
+// relative or absolute, through symbolic links or hard links.
 bool SameFile(const std::string& a, const std::string& b);
+
+// What a path names, symbolic links followed; BrokenLink is a link whose target does not exist.
+enum class PathKind { Missing, RegularFile, Folder, Pipe, Device, Socket, BrokenLink };
+PathKind KindOfPath(const std::string& path);
 
 // A fresh folder under the system's temporary folder, removed with everything in it when the
 // object goes away.

@@ -1,6 +1,7 @@
 #pragma once
 // An unexpected error of a counting run, numbered as the error report expects
-// (6 overflow, 7 out of memory, 53 file not found, 70 permission denied, 75 path/file access).
+// (6 overflow, 7 out of memory, 51 internal error, 53 file not found, 70 permission denied,
+// 75 path/file access).
 // Only the run procedures catch it; every other routine reports by its return value.
 #include <stdexcept>
 #include <cstdint>
@@ -11,6 +12,7 @@ namespace wordtally {
 enum RunErrorNumber : int {
   kErrOverflow = 6,
   kErrOutOfMemory = 7,
+  kErrInternal = 51,  // any other error no routine expected
   kErrFileNotFound = 53,
   kErrPermissionDenied = 70,
   kErrPathFileAccess = 75,

@@ -90,7 +90,10 @@ how many were ignored and excluded, and how many instances of words were found.<
 <h3>The output file</h3>
 <p>When an output file is named and not disabled, the listing is also written to it, in the
 Windows (ANSI) character set with Windows line ends. An existing file is replaced (you can ask to
-be warned first). A large input file asks whether you wish to name an output file, because the
+be warned first). Before counting starts the output file is checked: it cannot be the input
+file or the common-words file in use, under any name, and it must be an ordinary file or not
+exist yet; a folder, a pipe, a device or a link to a missing file is refused with a message and
+left as it is. If the disk fills up while the list is written, you are told so. A large input file asks whether you wish to name an output file, because the
 output box holds at most 65000 characters.</p>
 <p><b>Opening the output file in a spreadsheet:</b> the file begins with a note saying how to
 open it. State that the file is delimited by spaces (or by commas when <i>Include commas in

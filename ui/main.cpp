@@ -2,22 +2,27 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "ui/guarded_application.h"
 #include "ui/main_window.h"
 #include "ui/settings_persistence.h"
 
 int main(int argc, char** argv) {
-  QApplication app(argc, argv);
+  wordtally::ui::GuardedApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("wordtally"));
   QCoreApplication::setApplicationVersion(QStringLiteral(WORDTALLY_VERSION));
-
-  wordtally::ui::MainWindow window(wordtally::ui::DefaultStateFilePath());
-  window.show();
-  // Restoring may show messages: do it once the window is on the screen. A file named on the
-  // command line (a file manager's "Open with") becomes the input file.
-  const QStringList arguments = QCoreApplication::arguments();
-  QTimer::singleShot(0, &window, [&window, arguments] {
-    window.Start();
-    if (arguments.size() > 1) window.OpenInputFile(arguments.at(1));
-  });
-  return app.exec();
+  try {
+    wordtally::ui::MainWindow window(wordtally::ui::DefaultStateFilePath());
+    window.show();
+    // Restoring may show messages: do it once the window is on the screen. A file named on the
+    // command line (a file manager's "Open with") becomes the input file.
+    const QStringList arguments = QCoreApplication::arguments();
+    QTimer::singleShot(0, &window, [&window, arguments] {
+      window.Start();
+      if (arguments.size() > 1) window.OpenInputFile(arguments.at(1));
+    });
+    return app.exec();
+  } catch (...) {
+    wordtally::ui::ReportUncaughtError("main");
+  }
+  return 1;
 }

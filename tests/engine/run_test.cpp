@@ -172,11 +172,11 @@ TEST_F(EngineTest, WholeRunsShowTheirMessagesAndListingAndWriteTheOutputFile) {
        report("DoItFromFile error #53.\r\nDescription: The file cannot be opened."), processing,
        false},
       // A folder where the output file should go, or a folder that does not exist: refused
-      // before counting, the first with advice about Excel.
+      // before counting.
       {count(large, 0, PathOf("taken.txt")),
-       report("DoIt error #70.\r\nDescription: Is a directory"),
-       "Error: Is a directory\r\nIf the output file is open in Excel then it must first be "
-       "closed\r\nor a different file should be specified as the output file.", false},
+       refused("Output file", "The output file\r\n" + PathOf("taken.txt") +
+                                  "\r\ncannot be used: it is a folder."),
+       earlier, false},
       {count(large, 0, PathOf("nowhere/list.txt")),
        report("DoIt error #75.\r\nDescription: No such file or directory"), earlier, false},
       // Settings that contradict each other: nothing starts, nothing changes.
