@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/counting_settings.h"
+#include "engine/file_tally.h"
 #include "engine/run_state.h"
 #include "engine/word_store.h"
 #include "input/line_reader.h"
@@ -38,6 +39,12 @@ struct EngineContext {
   // When set, a clipboard run reads its text from this stream (the command line's standard
   // input, UTF-8) as it arrives instead of asking the host for the clipboard's text.
   LineReader* clipboardStream = nullptr;
+
+  // A corpus run (many files, folders or count files) counts through countCorpus instead of
+  // reading the one input file; it returns false when the run was abandoned. While it reads a
+  // file, fileTally, when set, also counts every stored occurrence for that file.
+  std::function<bool(EngineContext&)> countCorpus;
+  FileTally* fileTally = nullptr;
 
   // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
   // kTurnStride calls, and it decides by its clock whether a real turn is due.

@@ -82,6 +82,7 @@ bool OutputFileUsable(EngineContext& ctx) {
 bool CountSource(EngineContext& ctx) {
   CountingSettings& s = ctx.settings;
   if (!s.optInFile) return ClipboardHasText(ctx) && DoItFromClipboard(ctx);
+  if (ctx.countCorpus) return ctx.countCorpus(ctx);
   const size_t first = s.txbFile[0].find_first_not_of(' ');
   s.txbFile[0] = first == std::string::npos
                      ? ""

@@ -36,7 +36,10 @@ void ShowWordCount(EngineContext& ctx, int32_t numWords) {
 void AddWordToList(EngineContext& ctx, std::string_view word) {
   if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
   const bool firstWord = ctx.store.lngNumWords() == 0;
-  if (!ctx.store.Count(word)) return;
+  bool isNew;
+  const int32_t id = ctx.store.CountWord(word, isNew);
+  if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
+  if (!isNew) return;
   if (firstWord) {
     if (ctx.settings.chkSuppressWords != 1) ctx.host.SetOutputText(std::string(word) + ' ');
     return;

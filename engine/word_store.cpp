@@ -150,29 +150,38 @@ WordStore::IndexedWord WordStore::Keep(std::string_view word) {
 }
 
 bool WordStore::Count(std::string_view word) {
+  bool isNew;
+  CountWord(word, isNew);
+  return isNew;
+}
+
+int32_t WordStore::CountWord(std::string_view word, bool& isNew, int32_t occurrences) {
   if (state_ == State::HandedOut) CountAgainFromRecords();
   state_ = State::Counting;
   if (const auto it = counts_.find(word); it != counts_.end()) {
-    Increment(it->second);
-    return false;
+    Add(it->second.frequency, occurrences);
+    isNew = false;
+    return it->second.id;
   }
   if (numWords_ == INT32_MAX) ThrowOverflow();
   if (numWords_ == upperBound_) upperBound_ += kGrowthStep;
-  counts_.emplace(Keep(word), 1);
+  const int32_t id = numWords_;
+  counts_.emplace(Keep(word), Slot{occurrences, id});
   ++numWords_;
-  return true;
+  isNew = true;
+  return id;
 }
 
 // The records, from the index, in ascending binary order of the words.
 void WordStore::BuildRecords() const {
   records_.resize(1);
   records_.reserve(counts_.size() + 1);
-  for (const auto& [key, frequency] : counts_) {
+  for (const auto& [key, slot] : counts_) {
     const std::string_view word = key.View();
     WordListEntry& entry = records_.emplace_back();
     entry.Word = word;
     entry.SortKey = MakeSortKey(word);
-    entry.Frequency = frequency;
+    entry.Frequency = slot.frequency;
     entry.Included = true;
   }
   std::sort(records_.begin() + 1, records_.end(), [](const WordListEntry& a, const WordListEntry& b) {
@@ -183,7 +192,7 @@ void WordStore::BuildRecords() const {
 // The records handed out may have been changed: counting goes on from what they say.
 void WordStore::CountAgainFromRecords() {
   for (auto it = records_.begin() + 1; it != records_.end(); ++it) {
-    counts_.find(std::string_view(it->Word))->second = it->Frequency;
+    counts_.find(std::string_view(it->Word))->second.frequency = it->Frequency;
   }
 }
 

@@ -89,6 +89,16 @@ class WordStore {
   // Counts one occurrence. Returns true when the word is new (StoreNewWord). Throws RunError 6
   // when a count would pass 2147483647.
   bool Count(std::string_view word);
+  // Counts `occurrences` more of word (merging counts made elsewhere). Returns the word's id:
+  // 0 for the first distinct word counted since Reset(), 1 for the second, and so on, so that a
+  // per-word table beside the store can be a plain array. isNew tells whether it was new.
+  int32_t CountWord(std::string_view word, bool& isNew, int32_t occurrences = 1);
+
+  // Calls visit(word, frequency, id) for every word, in no particular order.
+  template <typename Visit>
+  void ForEachWord(Visit visit) const {
+    for (const auto& [key, slot] : counts_) visit(key.View(), slot.frequency, slot.id);
+  }
 
   // The records in ascending binary order of Word, element 0 unused. The mutable view may be
   // reordered and its counts changed (the listing does both); later reads see it as it was left
@@ -141,7 +151,11 @@ class WordStore {
   std::vector<std::unique_ptr<char[]>> arena_;
   char* arenaNext_ = nullptr;
   size_t arenaLeft_ = 0;
-  absl::flat_hash_map<IndexedWord, int32_t, WordHash, WordEq> counts_;
+  struct Slot {
+    int32_t frequency;
+    int32_t id;
+  };
+  absl::flat_hash_map<IndexedWord, Slot, WordHash, WordEq> counts_;
   mutable std::vector<WordListEntry> records_;
   mutable State state_ = State::Counting;
   int32_t numWords_ = 0;

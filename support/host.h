@@ -3,6 +3,7 @@
 // the output textbox, labels, the event loop, the clipboard). The desktop window, the console and
 // the tests each implement it. It lives in support/ because both the engine and the results
 // layer talk through it, and neither may depend on the other's headers for that.
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -11,8 +12,10 @@
 namespace wordtally {
 
 enum class MessageIcon { None, Information, Exclamation };
-enum class MessageButtons { Ok, YesNo, YesNoCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+// YesNoToAllCancel adds "Yes to all" and "No to all": in a corpus run, the answer is then kept
+// for every later file that raises the same question.
+enum class MessageButtons { Ok, YesNo, YesNoCancel, YesNoToAllCancel };
+enum class Answer { Ok, Yes, No, Cancel, YesToAll, NoToAll };
 
 struct MessageBoxRequest {
   AnsiString title;
@@ -80,6 +83,17 @@ class Host {
   // The one-second timer that drives the elapsed-time tick.
   virtual void StartTimer() = 0;
   virtual void StopTimer() = 0;
+
+  // A corpus run's progress, after each line read and at the start of each file: the file being
+  // read (1-based number out of fileCount) and the bytes read of all files.
+  struct CorpusProgress {
+    int32_t fileNumber = 0;
+    int32_t fileCount = 0;
+    std::string path;
+    int64_t bytesDone = 0;
+    int64_t bytesTotal = 0;
+  };
+  virtual void ShowCorpusProgress(const CorpusProgress& progress) { (void)progress; }
 
   virtual std::u16string ClipboardText() = 0;
   // Puts pasted clipboard text into the main window's large text box.

@@ -38,4 +38,10 @@ inline void Increment(int32_t& counter) {
   ++counter;
 }
 
+// Adds amount (>= 0) to a 32-bit counter, with the same overflow rule.
+inline void Add(int32_t& counter, int32_t amount) {
+  if (counter > INT32_MAX - amount) [[unlikely]] ThrowOverflow();
+  counter += amount;
+}
+
 }  // namespace wordtally

@@ -518,7 +518,8 @@ Answer MainWindow::AnswerWhileClosing(const MessageBoxRequest& request) const {
   if (request.title == texts::kStopQuestionTitle) return Answer::Yes;
   switch (request.buttons) {
     case MessageButtons::YesNo: return Answer::No;
-    case MessageButtons::YesNoCancel: return Answer::Cancel;
+    case MessageButtons::YesNoCancel:
+    case MessageButtons::YesNoToAllCancel: return Answer::Cancel;
     case MessageButtons::Ok: break;
   }
   return Answer::Ok;

@@ -37,6 +37,8 @@ QMessageBox::StandardButton ToQtButton(Answer answer) {
     case Answer::Yes: return QMessageBox::Yes;
     case Answer::No: return QMessageBox::No;
     case Answer::Cancel: return QMessageBox::Cancel;
+    case Answer::YesToAll: return QMessageBox::YesToAll;
+    case Answer::NoToAll: return QMessageBox::NoToAll;
     case Answer::Ok: break;
   }
   return QMessageBox::Ok;
@@ -46,6 +48,9 @@ QMessageBox::StandardButtons ToQtButtons(MessageButtons buttons) {
   switch (buttons) {
     case MessageButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::YesNoToAllCancel:
+      return QMessageBox::Yes | QMessageBox::YesToAll | QMessageBox::No | QMessageBox::NoToAll |
+             QMessageBox::Cancel;
     case MessageButtons::Ok: break;
   }
   return QMessageBox::Ok;
@@ -55,7 +60,8 @@ QMessageBox::StandardButtons ToQtButtons(MessageButtons buttons) {
 Answer EscapeAnswer(MessageButtons buttons) {
   switch (buttons) {
     case MessageButtons::YesNo: return Answer::No;
-    case MessageButtons::YesNoCancel: return Answer::Cancel;
+    case MessageButtons::YesNoCancel:
+    case MessageButtons::YesNoToAllCancel: return Answer::Cancel;
     case MessageButtons::Ok: break;
   }
   return Answer::Ok;
@@ -66,6 +72,8 @@ Answer FromQtButton(int button, MessageButtons buttons) {
     case QMessageBox::Yes: return Answer::Yes;
     case QMessageBox::No: return Answer::No;
     case QMessageBox::Cancel: return Answer::Cancel;
+    case QMessageBox::YesToAll: return Answer::YesToAll;
+    case QMessageBox::NoToAll: return Answer::NoToAll;
     case QMessageBox::Ok: return Answer::Ok;
     default: return EscapeAnswer(buttons);
   }
