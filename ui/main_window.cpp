@@ -409,7 +409,7 @@ void MainWindow::RefreshFromSettings() {
   chkSuppressWords_->setChecked(settings_.chkSuppressWords == 1);
   cboWordOrder_->setCurrentIndex(settings_.cboWordOrder);
   cboDisplayFormat_->setCurrentIndex(settings_.cboDisplayFormat);
-  if (!running_) ShowInputFileInList();  // a corpus run may name each file in the record
+  ShowInputFileInList();
   settingsWindow_->Refresh();
 }
 
