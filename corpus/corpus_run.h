@@ -31,6 +31,9 @@ class CorpusRun {
 
  private:
   bool Count(EngineContext& ctx);
+  // Counts the text files into the store and the tally; false when a question was cancelled.
+  bool CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
+                      int64_t bytesTotal);
 
   std::vector<std::string> inputs_;
   FileTally tally_;
