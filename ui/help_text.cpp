@@ -46,7 +46,7 @@ listing totals the words of every file, and the statistics tell how many files w
 skipped. Then <i>File &gt; Save corpus table...</i> writes a CSV table with each word's rank,
 frequency, range (the number of files it occurs in) and its count in every file, and
 <i>File &gt; Save counts...</i> writes a count file. A count file in the list is counted as the
-files it was made from, without reading them again, so that <code>letters-counts.txt</code> plus
+files it was made from, without reading them again, so that <code>letters.counts</code> plus
 next month's letters give the words of both; it must have been made under the same settings.</p>
 
 <h3>Settings</h3>

@@ -625,8 +625,7 @@ void MainWindow::OnSaveCorpusFile(CorpusFile kind) {
   const bool table = kind == CorpusFile::Table;
   const QString chosen = QFileDialog::getSaveFileName(
       this, table ? tr("Save corpus table") : tr("Save counts"), QString(),
-      // A count file named *.txt is found among the files of a folder too.
-      table ? tr("Corpus tables (*.csv)") : tr("Count files (*.txt);;All files (*)"));
+      table ? tr("Corpus tables (*.csv)") : tr("Count files (*.counts);;All files (*)"));
   if (!chosen.isEmpty()) SaveCorpusFile(kind, chosen);
 }
 
