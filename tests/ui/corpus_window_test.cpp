@@ -1,6 +1,7 @@
 // Window tests of corpus runs: inputs dropped onto the window and the list, removed again, and a
 // run over three small files (one in a folder) checked as a user sees it: the listing, the files
-// counted, the saved corpus table, and the same words counted again from the saved counts.
+// counted, the saved corpus table, and the same words counted again from the saved counts; a
+// run over two long files stopped in the second lists the words of both.
 #include <QtTest>
 #include <QtWidgets>
 #include <optional>
@@ -58,7 +59,7 @@ class CorpusWindowTest : public QObject {
     window_.emplace(Path("qzl.usr"));
     window_->host().SetAnswerProvider([this](const MessageBoxRequest& request) {
       titles_.push_back(request.title);
-      return request.defaultButton;
+      return request.title == "Large input file" ? Answer::No : request.defaultButton;
     });
     window_->show();
     window_->Start();
@@ -108,6 +109,27 @@ class CorpusWindowTest : public QObject {
     Get<QPushButton>("cmdCount")->click();
     QVERIFY(Get<QLabel>("lblStatFiles")->isHidden());
     QVERIFY(!Get<QAction>("actSaveCorpusTable")->isEnabled());
+  }
+
+  void stopInTheSecondFileListsTheWordsOfBoth() {
+    const QByteArray lines = QByteArray("alpha beta gamma delta\r\n").repeated(400000);
+    Write("long1.txt", lines);
+    Write("long2.txt", lines);
+    Drop(&*window_, {"long1.txt", "long2.txt"});
+    QTimer poll;
+    connect(&poll, &QTimer::timeout, [&] {
+      if (!Text("lblStatus").startsWith("File 2 of 2: long2.txt")) return;
+      poll.stop();
+      Get<QPushButton>("cmdCount")->click();  // Stop
+    });
+    poll.start(0);
+    Get<QPushButton>("cmdCount")->click();
+    QVERIFY(std::ranges::count(titles_, "Counting interrupted") == 1);
+    // The words were counted as often as the whole first file and part of the second have them.
+    const QString output = Get<QPlainTextEdit>("txbOutput")->toPlainText();
+    const QStringList alpha = output.section('\n', 1).split('\n').filter("alpha");
+    const int frequency = alpha.value(0).split(' ', Qt::SkipEmptyParts).value(1).toInt();
+    QVERIFY2(frequency > 400000 && frequency < 800000, qPrintable(output));
   }
 
   void progressNamesTheFileAndTheShareOfAllBytes() {
