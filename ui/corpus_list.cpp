@@ -73,8 +73,12 @@ CorpusList::CorpusList(QWidget* parent) : QWidget(parent) {
   tree_->setHeaderLabels({tr("Files to count"), tr("Size"), tr("Kind")});
   tree_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   tree_->setRootIsDecorated(true);
+  tree_->setTextElideMode(Qt::ElideMiddle);  // the file's name stays in view
   tree_->header()->setStretchLastSection(false);
+  tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   tree_->header()->setSectionResizeMode(kName, QHeaderView::Stretch);
+  // A few lines high, so that the output box keeps its room; it scrolls for more.
+  tree_->setMaximumHeight(tree_->header()->sizeHint().height() + 5 * fontMetrics().height());
   tree_->installEventFilter(this);
   total_ = new QLabel(this);
   total_->setObjectName("lblCorpusTotal");

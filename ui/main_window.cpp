@@ -543,6 +543,7 @@ void MainWindow::ReinitializeProgram() {
   settings_.chkIgnoreCommonWords = 0;
   if (TextRulesOf(settings_) != rulesBefore) VetChosenTextFileAgain();
   RefreshFromSettings();
+  UpdateEnabledState();  // the run's statistics are gone, and with them the corpus table
   settingsWindow_->ShowStatus("Program reinitialized.");
 }
 
