@@ -32,6 +32,23 @@ words found and a progress bar are shown while the run goes on. Ticking <b>Don't
 as found</b> makes a run faster, because new words are then not echoed into the output box.
 Ctrl+Home and Ctrl+End go to the beginning and the end of the output box.</p>
 
+<h3>Counting many files at once</h3>
+<p>Choose several files with <i>Choose...</i>, or drop several files or a folder onto the window,
+and they are counted together as one text, a <i>corpus</i>. The list below the output file shows
+what will be counted, with each file's size: a folder is shown with its total and, below it,
+the text, markup and docx files found in it (hidden ones are left out). <i>Add files...</i>,
+<i>Add folder...</i> and dropping onto the list add to it; <i>Remove</i> or the Delete key takes
+the selected entry out. One ordinary file alone is counted as before.</p>
+<p>For example, drop the folder <code>letters</code> and the file <code>diary.txt</code> onto the
+window and press <b>Count words</b>. The status bar tells which file is being read and how much of
+all the text is done ("File 3 of 20: june.txt - 45%"), and <b>Stop</b> works across files. The
+listing totals the words of every file, and the statistics tell how many files were counted and
+skipped. Then <i>File &gt; Save corpus table...</i> writes a CSV table with each word's rank,
+frequency, range (the number of files it occurs in) and its count in every file, and
+<i>File &gt; Save counts...</i> writes a count file. A count file in the list is counted as the
+files it was made from, without reading them again, so that <code>letters.counts</code> plus
+next month's letters give the words of both; it must have been made under the same settings.</p>
+
 <h3>Settings</h3>
 <p>Open <i>Options &gt; Settings...</i> to decide what counts as a word:</p>
 <ul>

@@ -7,7 +7,6 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
@@ -26,6 +25,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "corpus/corpus_files.h"
 #include "engine/clipboard_input.h"
 #include "engine/program_texts.h"
 #include "engine/progress.h"
@@ -33,6 +33,7 @@
 #include "engine/word_filters.h"
 #include "input/file_vetting.h"
 #include "support/file_utils.h"
+#include "ui/corpus_list.h"
 #include "ui/help_window.h"
 #include "ui/language_window.h"
 #include "ui/qt_text.h"
@@ -103,6 +104,7 @@ MainWindow::MainWindow(QString stateFile, QWidget* parent)
   FillLists();
   ConnectControls();
   RefreshFromSettings();
+  UpdateEnabledState();
   ResizeToFitScreen();
 }
 
@@ -154,6 +156,8 @@ QWidget* MainWindow::BuildSourceBox() {
   grid->addWidget(txbOutputFile_, 3, 1);
   grid->addWidget(cmdOutputFile_, 3, 2);
   grid->addWidget(chkDisableOutputToFile_, 3, 3);
+  corpusList_ = new CorpusList(box);
+  grid->addWidget(corpusList_, 4, 0, 1, 4);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(4, 1);
   runSensitiveWidgets_ << box;
@@ -274,6 +278,11 @@ QWidget* MainWindow::BuildStatisticsBox() {
     labels_[control] = NewLabel(name, box);
     layout->addWidget(labels_[control]);
   }
+  // Shown by corpus runs only; hidden, it leaves no empty line.
+  labels_[Control::StatFiles] = new QLabel(box);
+  labels_[Control::StatFiles]->setObjectName("lblStatFiles");
+  labels_[Control::StatFiles]->hide();
+  layout->addWidget(labels_[Control::StatFiles]);
   layout->addStretch(1);
   return box;
 }
@@ -282,6 +291,13 @@ void MainWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
   QAction* open = file->addAction(tr("&Open input file..."), this, &MainWindow::OnChooseInputFile);
   open->setShortcut(QKeySequence::Open);
+  file->addSeparator();
+  saveCorpusTable_ = file->addAction(tr("Save corpus &table..."), this,
+                                     [this] { OnSaveCorpusFile(CorpusFile::Table); });
+  saveCorpusTable_->setObjectName("actSaveCorpusTable");
+  saveCounts_ = file->addAction(tr("Save &counts..."), this,
+                                [this] { OnSaveCorpusFile(CorpusFile::Counts); });
+  saveCounts_->setObjectName("actSaveCounts");
   file->addSeparator();
   QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
   quit->setShortcut(QKeySequence::Quit);
@@ -345,6 +361,7 @@ void MainWindow::ConnectControls() {
           [this](int i) { settings_.cboDisplayFormat = i; });
   connect(cmdInputFile_, &QPushButton::clicked, this, &MainWindow::OnChooseInputFile);
   connect(txbInputFile_, &QLineEdit::editingFinished, this, &MainWindow::OnInputFileTyped);
+  connect(corpusList_, &CorpusList::inputsChanged, this, &MainWindow::OnInputsChanged);
   connect(cmdOutputFile_, &QPushButton::clicked, this, &MainWindow::OnChooseOutputFile);
   connect(txbOutputFile_, &QLineEdit::editingFinished, this, &MainWindow::WriteFileBoxesToSettings);
   connect(cmdPaste_, &QPushButton::clicked, this, [this] { PasteClipboardText(*ctx_, true); });
@@ -391,6 +408,7 @@ void MainWindow::RefreshFromSettings() {
   chkSuppressWords_->setChecked(settings_.chkSuppressWords == 1);
   cboWordOrder_->setCurrentIndex(settings_.cboWordOrder);
   cboDisplayFormat_->setCurrentIndex(settings_.cboDisplayFormat);
+  ShowInputFileInList();
   settingsWindow_->Refresh();
 }
 
@@ -407,7 +425,15 @@ void MainWindow::OnCountClicked() {
   settingsWindow_->CommitPendingEdits();
   settings_.txbFile[0] = PathFromQString(txbInputFile_->text());
   WriteFileBoxesToSettings();
-  RunEngineCommand([this] { DoIt(*ctx_); });
+  // The input box holds the one file of a classic run; when it is empty, the list may hold a
+  // corpus.
+  const std::vector<std::string> inputs = corpusList_->Inputs();
+  if (settings_.optInFile && settings_.txbFile[0].empty() && IsCorpusRun(inputs)) {
+    RunEngineCommand([this, &inputs] { corpus_.Run(*ctx_, inputs); });
+  } else {
+    corpus_.Forget(*ctx_);
+    RunEngineCommand([this] { DoIt(*ctx_); });
+  }
 }
 
 void MainWindow::RunEngineCommand(const std::function<void()>& command) {
@@ -426,16 +452,18 @@ void MainWindow::UpdateEnabledState() {
   const bool idle = !running_ && !engineBusy_;
   for (QWidget* widget : runSensitiveWidgets_) widget->setEnabled(idle);
   for (QAction* action : runSensitiveActions_) action->setEnabled(idle);
+  const bool corpusSavable = idle && corpus_.HasResults(*ctx_);
+  saveCorpusTable_->setEnabled(corpusSavable);
+  saveCounts_->setEnabled(corpusSavable);
   settingsWindow_->SetControlsEnabled(idle);
   languageWindow_->SetControlsEnabled(idle);
 }
 
 void MainWindow::OnChooseInputFile() {
   if (running_) return;
-  const QString chosen = QFileDialog::getOpenFileName(
-      this, tr("Input file"), txbInputFile_->text(),
-      tr("Texts and documents (*.txt *.htm *.html *.xml *.csv *.log *.docx);;All files (*)"));
-  if (!chosen.isEmpty()) OnInputFileChosen(chosen);
+  const QStringList chosen =
+      QFileDialog::getOpenFileNames(this, tr("Input file"), txbInputFile_->text(), InputFileFilter());
+  if (!chosen.isEmpty()) OpenInputs(chosen);
 }
 
 void MainWindow::OnInputFileTyped() {
@@ -444,12 +472,18 @@ void MainWindow::OnInputFileTyped() {
   if (typed.isEmpty()) {
     settings_.txbFile[0].clear();
     lblFileSize_->clear();
+    ShowInputFileInList();
     return;
   }
   OnInputFileChosen(typed);
 }
 
 void MainWindow::OnInputFileChosen(const QString& path) {
+  CheckChosenInputFile(path);
+  ShowInputFileInList();
+}
+
+void MainWindow::CheckChosenInputFile(const QString& path) {
   const AnsiString name = PathFromQString(path);
   settings_.txbFile[0] = name;
   txbInputFile_->setText(path);
@@ -508,6 +542,7 @@ void MainWindow::ReinitializeProgram() {
   settings_.chkIgnoreCommonWords = 0;
   if (TextRulesOf(settings_) != rulesBefore) VetChosenTextFileAgain();
   RefreshFromSettings();
+  UpdateEnabledState();  // the run's statistics are gone, and with them the corpus table
   settingsWindow_->ShowStatus("Program reinitialized.");
 }
 
@@ -545,22 +580,62 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  if (!running_ && urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
+  if (!running_ && !DroppedPaths(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
+// Dropped on the window, files and folders replace the inputs; dropped on the list, they join it.
 void MainWindow::dropEvent(QDropEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  if (running_ || urls.isEmpty()) return;
-  OpenInputFile(urls.front().toLocalFile());
+  const QStringList paths = DroppedPaths(*event->mimeData());
+  if (running_ || paths.isEmpty()) return;
+  OpenInputs(paths);
   event->acceptProposedAction();
 }
 
-void MainWindow::OpenInputFile(const QString& path) {
+void MainWindow::OpenInputs(const QStringList& paths) {
   optInFile_->setChecked(true);
   settings_.optInFile = true;
-  // Absolute, because checking the file makes its folder the current one.
-  OnInputFileChosen(QFileInfo(path).absoluteFilePath());
+  corpusList_->SetInputs({});
+  corpusList_->AddInputs(paths);
+}
+
+// One ordinary file is the classic input file, checked as if chosen; a corpus leaves the input
+// box empty, since the list is then what is counted.
+void MainWindow::OnInputsChanged() {
+  const std::vector<std::string> inputs = corpusList_->Inputs();
+  if (inputs.size() == 1 && !IsCorpusRun(inputs)) {
+    OnInputFileChosen(PathToQString(inputs.front()));
+    return;
+  }
+  settings_.txbFile[0].clear();
+  txbInputFile_->clear();
+  lblFileSize_->clear();
+}
+
+// The list shows the input box's file, and a corpus only while the box is empty.
+void MainWindow::ShowInputFileInList() {
+  const AnsiString& file = settings_.txbFile[0];
+  if (!file.empty()) {
+    corpusList_->SetInputs({file});
+  } else if (!IsCorpusRun(corpusList_->Inputs())) {
+    corpusList_->SetInputs({});
+  }
+}
+
+void MainWindow::OnSaveCorpusFile(CorpusFile kind) {
+  const bool table = kind == CorpusFile::Table;
+  const QString chosen = QFileDialog::getSaveFileName(
+      this, table ? tr("Save corpus table") : tr("Save counts"), QString(),
+      table ? tr("Corpus tables (*.csv)") : tr("Count files (*.counts);;All files (*)"));
+  if (!chosen.isEmpty()) SaveCorpusFile(kind, chosen);
+}
+
+bool MainWindow::SaveCorpusFile(CorpusFile kind, const QString& path) {
+  const std::string name = PathFromQString(path);
+  std::string error;
+  const bool saved = kind == CorpusFile::Table ? corpus_.SaveTable(*ctx_, name, error)
+                                               : corpus_.SaveCounts(name, error);
+  if (!saved) Tell(*host_, "Not saved", error, MessageIcon::Exclamation);
+  return saved;
 }
 
 }  // namespace wordtally::ui

@@ -8,6 +8,7 @@
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
+#include "ui/corpus_session.h"
 #include "ui/qt_host.h"
 
 class QAction;
@@ -21,6 +22,7 @@ class QRadioButton;
 
 namespace wordtally::ui {
 
+class CorpusList;
 class HelpWindow;
 class LanguageWindow;
 class SettingsWindow;
@@ -36,8 +38,13 @@ class MainWindow : public QMainWindow {
   // Restores the saved state and vets a restored input file. The common words in use are loaded
   // by the first run that ignores them.
   void Start();
-  // Makes a file the input file, checked as if typed: "wordtally-gui FILE", or a dropped file.
-  void OpenInputFile(const QString& path);
+  // Makes paths the inputs: "wordtally-gui FILE...", or files and folders dropped on the window.
+  // One ordinary file becomes the input file, checked as if typed.
+  void OpenInputs(const QStringList& paths);
+
+  // Saves what the last corpus run found; false, after a message, when the file is not written.
+  enum class CorpusFile { Table, Counts };
+  bool SaveCorpusFile(CorpusFile kind, const QString& path);
 
   QtHost& host() { return *host_; }
   CountingSettings& settings() { return settings_; }
@@ -75,6 +82,10 @@ class MainWindow : public QMainWindow {
   void OnChooseOutputFile();
   void OnSuppressWordsToggled(bool checked);
   void OnInputFileChosen(const QString& path);
+  void CheckChosenInputFile(const QString& path);
+  void OnInputsChanged();
+  void ShowInputFileInList();
+  void OnSaveCorpusFile(CorpusFile kind);
   void VetInputFile(const AnsiString& name);
   void VetChosenTextFileAgain();
   void LoadCommonWordsFile(const AnsiString& path);
@@ -90,6 +101,7 @@ class MainWindow : public QMainWindow {
   bool running_ = false;
   bool engineBusy_ = false;
   bool closeRequested_ = false;
+  CorpusSession corpus_;
 
   QRadioButton* optInFile_ = nullptr;
   QRadioButton* optOnClipboard_ = nullptr;
@@ -100,6 +112,7 @@ class MainWindow : public QMainWindow {
   QPushButton* cmdOutputFile_ = nullptr;
   QCheckBox* chkDisableOutputToFile_ = nullptr;
   QLabel* lblFileSize_ = nullptr;
+  CorpusList* corpusList_ = nullptr;
   QComboBox* cboWordOrder_ = nullptr;
   QComboBox* cboDisplayFormat_ = nullptr;
   QCheckBox* chkSuppressWords_ = nullptr;
@@ -113,6 +126,8 @@ class MainWindow : public QMainWindow {
   std::map<Control, QLabel*> labels_;
   QList<QWidget*> runSensitiveWidgets_;
   QList<QAction*> runSensitiveActions_;
+  QAction* saveCorpusTable_ = nullptr;
+  QAction* saveCounts_ = nullptr;
 
   SettingsWindow* settingsWindow_ = nullptr;
   LanguageWindow* languageWindow_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
@@ -177,6 +178,7 @@ QWidget* QtHost::Widget(Control control) const {
 }
 
 void QtHost::SetCaption(Control control, const AnsiString& caption) {
+  if (control == Control::Status) progressFile_ = -1;
   QWidget* widget = Widget(control);
   if (auto* label = qobject_cast<QLabel*>(widget)) {
     label->setText(ToDisplayText(caption));
@@ -187,6 +189,23 @@ void QtHost::SetCaption(Control control, const AnsiString& caption) {
 
 void QtHost::SetVisible(Control control, bool visible) {
   if (QWidget* widget = Widget(control)) widget->setVisible(visible);
+}
+
+// Called after every line read: the text is built only when the file or the percentage moves on.
+void QtHost::ShowCorpusProgress(const CorpusProgress& progress) {
+  const int percent = progress.bytesTotal > 0
+                          ? static_cast<int>(progress.bytesDone * 100 / progress.bytesTotal)
+                          : 100;
+  if (progress.fileNumber == progressFile_ && percent == progressPercent_) return;
+  auto* status = qobject_cast<QLabel*>(Widget(Control::Status));
+  if (!status) return;
+  progressFile_ = progress.fileNumber;
+  progressPercent_ = percent;
+  status->setText(tr("File %1 of %2: %3 - %4%")
+                      .arg(progress.fileNumber)
+                      .arg(progress.fileCount)
+                      .arg(QFileInfo(PathToQString(progress.path)).fileName())
+                      .arg(percent));
 }
 
 void QtHost::ProcessEvents() {

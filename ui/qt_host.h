@@ -59,6 +59,9 @@ class QtHost : public QObject, public Host {
   void SetBusy(bool busy) override { emit busyChanged(busy); }
   void SettingsChanged() override { emit settingsChanged(); }
 
+  // The status label: "File 3 of 20: name.txt - 45%", set only when that text changes.
+  void ShowCorpusProgress(const CorpusProgress& progress) override;
+
   void ProcessEvents() override;
   void StartTimer() override { timer2_.start(); }
   void StopTimer() override { timer2_.stop(); }
@@ -87,6 +90,9 @@ class QtHost : public QObject, public Host {
   bool flushScheduled_ = false;
   QTimer timer2_;
   QElapsedTimer sinceLastTurn_;
+  // The file number and percentage the status label shows; -1 when it shows something else.
+  int32_t progressFile_ = -1;
+  int progressPercent_ = -1;
   AnswerProvider answerProvider_;
   InputProvider inputProvider_;
   FileProvider fileProvider_;

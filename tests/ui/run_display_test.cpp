@@ -34,7 +34,7 @@ class RunDisplayTest : public QObject {
     });
     window_->show();
     window_->Start();
-    window_->OpenInputFile(dir_.filePath("words.txt"));
+    window_->OpenInputs({dir_.filePath("words.txt")});
   }
 
   void echoIsTheClassicTextAndTheWindowKeepsStillAfterAStop() {
