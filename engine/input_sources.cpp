@@ -4,6 +4,7 @@
 
 #include "engine/clipboard_input.h"
 #include "engine/engine_context.h"
+#include "engine/piece_counting.h"
 #include "engine/program_texts.h"
 #include "engine/progress.h"
 #include "engine/run_driver.h"
@@ -40,14 +41,14 @@ Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
       {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
 }
 
-// After each line: the progress bar, and the Stop request (asked about once 2000 words are in).
-// Returns false when reading is to end.
-bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
-  const double total = static_cast<double>(reader.Size());
+// After each line: the progress bar (done bytes of size read), and the Stop request (asked about
+// once 2000 words are in). Returns false when reading is to end.
+bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
+  const double total = static_cast<double>(size);
   if (total > 0) {
-    const auto p = static_cast<int16_t>(kProgressBarWidth * reader.BytesConsumed() / total + 0.5);
+    const auto p = static_cast<int16_t>(kProgressBarWidth * done / total + 0.5);
     if (p != ctx.run.intProgressBarPosition) {
-      UpdateProgressBar(ctx, static_cast<double>(reader.BytesConsumed()), total, 1);
+      UpdateProgressBar(ctx, static_cast<double>(done), total, 1);
     }
   }
   ctx.GiveEventLoopATurn();
@@ -68,7 +69,6 @@ bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
 // store. Returns at the end of the input or after a confirmed stop.
 void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) {
   LineWalker walker(ctx);
-  SetTotalNumOccurrencesForFileProgressBar(ctx);
   AnsiString& line = ctx.run.strLine;
   while (preparer.NextLine(reader, line)) {
     ctx.run.blnCharacterEntitiesPossible = preparer.Kind() != MarkupKind::None;
@@ -81,7 +81,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer) 
       line += ' ';
       walker.WalkLine();
     }
-    if (!ServeProgressAndStop(ctx, reader)) return;
+    if (!ServeProgressAndStop(ctx, reader.BytesConsumed(), reader.Size())) return;
   }
 }
 
@@ -206,7 +206,11 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
     return false;
   }
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
-  CountLines(ctx, reader, preparer);
+  SetTotalNumOccurrencesForFileProgressBar(ctx);
+  const LineCounting lines{CountLines, ServeProgressAndStop};
+  if (isDocx || !CountFileInPieces(ctx, lines, inputFile, reader, preparer)) {
+    CountLines(ctx, reader, preparer);
+  }
   if (reader.ErrorNumber() != 0) {
     ReportReadFailure(ctx, reader, inputFile);
     return false;
@@ -261,6 +265,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
     }
     ResetStoreForCounting(ctx);
     LinePreparer preparer("", false, false);
+    SetTotalNumOccurrencesForFileProgressBar(ctx);
     CountLines(ctx, *reader, preparer);
     if (reader->ErrorNumber() == 0) return true;
     ShowReadFailure(ctx.host, *reader, std::string(kStandardInputName));
