@@ -80,9 +80,13 @@ class PieceRun {
     return counted.get();
   }
 
-  // Merges the piece, or reads it again here; then the progress and the Stop request. False:
-  // reading ends (a stop, or a read error left in reader_).
+  // Merges the piece, or reads it again here; then the progress and the Stop request. A Stop
+  // pressed while the piece was awaited is served first: the run then ends where the pieces
+  // taken so far end. False: reading ends (a stop, or a read error left in reader_).
   bool Take(const CountedPiece& piece) {
+    if (ctx_.run.blnStop && !lines_.serveProgressAndStop(ctx_, piece.piece.begin, size_)) {
+      return false;
+    }
     if (Mergeable(piece)) {
       MergeCountedPiece(ctx_, piece);
       preparer_ = piece.exit;
