@@ -65,6 +65,7 @@ int Run(int argc, char** argv) {
     ctx.clipboardStream = &standardInput;
   }
   ctx.skipLineEndingChecks = true;
+  ctx.threads = options->threads;
   std::string listing;
   ctx.onListingLine = [&listing](std::string_view line) {
     listing += ToTerminalText(line);

@@ -7,7 +7,9 @@
 #include <string>
 
 #include "engine/engine_context.h"
+#include "engine/piece_counting.h"
 #include "engine/program_texts.h"
+#include "engine/progress.h"
 #include "engine/run_driver.h"
 #include "input/decoding.h"
 #include "input/docx_reader.h"
@@ -94,6 +96,13 @@ bool VetTextFile(EngineContext& ctx, const std::string& inputFile, bool& isUtf8)
                         isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings));
 }
 
+// The one-thread line loop and its per-line service, as the pieces of a large file use them.
+const LineCounting kLineCounting{
+    [](EngineContext& ctx, LineReader& reader, LinePreparer& preparer) {
+      CountLines(ctx, reader, preparer);
+    },
+    ServeProgressAndStop};
+
 // Counts the lines of a file that passed its checks; false when it could not be read.
 bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString docxText,
                     const LineProgress& onProgress) {
@@ -111,7 +120,10 @@ bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString
   }
   ctx.run.comment = CommentState{};
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
-  CountLines(ctx, reader, preparer, onProgress);
+  SetTotalNumOccurrencesForFileProgressBar(ctx);
+  if (isDocx || !CountFileInPieces(ctx, kLineCounting, inputFile, reader, preparer)) {
+    CountLines(ctx, reader, preparer, onProgress);
+  }
   if (reader.ErrorNumber() == 0) return true;
   ReportReadFailure(ctx, reader, inputFile);
   return false;

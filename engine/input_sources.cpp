@@ -34,30 +34,6 @@ Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
       {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
 }
 
-// After each line: the progress bar, and the Stop request (asked about once 2000 words are in).
-// Returns false when reading is to end.
-bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
-  const double total = static_cast<double>(reader.Size());
-  if (total > 0) {
-    const auto p = static_cast<int16_t>(kProgressBarWidth * reader.BytesConsumed() / total + 0.5);
-    if (p != ctx.run.intProgressBarPosition) {
-      UpdateProgressBar(ctx, static_cast<double>(reader.BytesConsumed()), total, 1);
-    }
-  }
-  ctx.GiveEventLoopATurn();
-  if (!ctx.run.blnStop) return true;
-  const int32_t numWords = ctx.store.lngNumWords();
-  if (numWords < kStopWithoutAskingBelow) return false;
-  // The number keeps the blank that the number conversion puts before it.
-  const AnsiString question = NumberText(numWords) +
-                              " different words have been found.\r\nDo you really wish to stop?";
-  if (Ask(ctx, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
-    return false;
-  }
-  ctx.run.blnStop = false;
-  return true;
-}
-
 // The reader of the clipboard text, or nullptr when the text does not pass the plain-text test
 // of its first kCheckedClipboardChars characters. The host's clipboard text is read whole into
 // textReader; the command line's standard input streams through its own reader, and its first
@@ -77,10 +53,31 @@ LineReader* ClipboardReader(EngineContext& ctx, LineReader& textReader) {
 
 }  // namespace
 
+bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
+  const double total = static_cast<double>(size);
+  if (total > 0) {
+    const auto p = static_cast<int16_t>(kProgressBarWidth * done / total + 0.5);
+    if (p != ctx.run.intProgressBarPosition) {
+      UpdateProgressBar(ctx, static_cast<double>(done), total, 1);
+    }
+  }
+  ctx.GiveEventLoopATurn();
+  if (!ctx.run.blnStop) return true;
+  const int32_t numWords = ctx.store.lngNumWords();
+  if (numWords < kStopWithoutAskingBelow) return false;
+  // The number keeps the blank that the number conversion puts before it.
+  const AnsiString question = NumberText(numWords) +
+                              " different words have been found.\r\nDo you really wish to stop?";
+  if (Ask(ctx, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
+    return false;
+  }
+  ctx.run.blnStop = false;
+  return true;
+}
+
 void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
                 const LineProgress& onProgress) {
   LineWalker walker(ctx);
-  SetTotalNumOccurrencesForFileProgressBar(ctx);
   AnsiString& line = ctx.run.strLine;
   while (preparer.NextLine(reader, line)) {
     ctx.run.blnCharacterEntitiesPossible = preparer.Kind() != MarkupKind::None;
@@ -94,7 +91,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
       walker.WalkLine();
     }
     if (onProgress) onProgress(reader.BytesConsumed());
-    if (!ServeProgressAndStop(ctx, reader)) return;
+    if (!ServeProgressAndStop(ctx, reader.BytesConsumed(), reader.Size())) return;
   }
 }
 
@@ -123,6 +120,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
     }
     ResetStoreForCounting(ctx);
     LinePreparer preparer("", false, false);
+    SetTotalNumOccurrencesForFileProgressBar(ctx);
     CountLines(ctx, *reader, preparer);
     if (reader->ErrorNumber() == 0) return true;
     ShowReadFailure(ctx.host, *reader, std::string(kStandardInputName));
