@@ -9,6 +9,7 @@
 #include "engine/engine_context.h"
 #include "engine/piece_counting.h"
 #include "engine/program_texts.h"
+#include "engine/run_messages.h"
 #include "engine/progress.h"
 #include "engine/run_driver.h"
 #include "input/decoding.h"
@@ -27,17 +28,6 @@ constexpr std::string_view kSameFile = "Output file cannot be the same as the in
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
 
-// The refusals of a file run are warnings.
-void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
-  Tell(ctx.host, title, text, MessageIcon::Exclamation);
-}
-
-Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
-           MessageButtons buttons) {
-  return ctx.host.ShowMessage(
-      {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
-}
-
 // The question of a file whose encoding and the UTF-8 box disagree: the chkUTF8 value chosen, or
 // nothing on Cancel. With answers, "Yes to all" / "No to all" are offered and kept per verdict.
 std::optional<int> AskEncoding(EngineContext& ctx, bool fileIsUtf8, EncodingAnswers* answers) {
@@ -45,7 +35,7 @@ std::optional<int> AskEncoding(EngineContext& ctx, bool fileIsUtf8, EncodingAnsw
       answers == nullptr ? nullptr : fileIsUtf8 ? &answers->ifSeemsUtf8 : &answers->ifSeemsNotUtf8;
   if (kept != nullptr && kept->has_value()) return *kept;
   const Answer answer =
-      Ask(ctx, kUtf8OrAnsiTitle, fileIsUtf8 ? kSeemsUtf8Question : kSeemsNotUtf8Question,
+      Ask(ctx.host, kUtf8OrAnsiTitle, fileIsUtf8 ? kSeemsUtf8Question : kSeemsNotUtf8Question,
           kept != nullptr ? MessageButtons::YesNoToAllCancel : MessageButtons::YesNoCancel);
   if (answer == Answer::Cancel) return std::nullopt;
   const int utf8 = answer == Answer::Yes || answer == Answer::YesToAll ? 1 : 0;
@@ -78,14 +68,14 @@ bool ReadDocx(EngineContext& ctx, const std::string& inputFile, AnsiString& text
       ShowNotDocxMessage(ctx.host, inputFile);
       return false;
     case DocxStatus::TooBig:
-      Warn(ctx, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
+      Warn(ctx.host, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
       return false;
     case DocxStatus::CannotOpen:
       throw RunError(docx.errorNumber, "The file cannot be opened.");
     case DocxStatus::Damaged:
       break;
   }
-  Warn(ctx, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
+  Warn(ctx.host, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
   return false;
 }
 
@@ -153,12 +143,12 @@ bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool
   const CountingSettings& s = ctx.settings;
   if (!OutputToFileActive(s)) return true;
   if (SameFile(s.txbFile[1], inputFile)) {
-    Warn(ctx, texts::kGenericErrorTitle, kSameFile);
+    Warn(ctx.host, texts::kGenericErrorTitle, kSameFile);
     return false;
   }
   if (!OutputSparesCommonWordsFile(ctx)) return false;
   if (checkDocx && LowerExtension(s.txbFile[1]) == "docx") {
-    Warn(ctx, texts::kGenericErrorTitle, kDocxOutput);
+    Warn(ctx.host, texts::kGenericErrorTitle, kDocxOutput);
     return false;
   }
   return true;
@@ -169,7 +159,7 @@ bool OfferOutputFileForLargeInput(EngineContext& ctx, int64_t inputSize) {
   ctx.run.blnElapsedTimeRunning = false;
   ctx.host.SetVisible(Control::TimeElapsed, false);
   const Answer answer =
-      Ask(ctx, "Large input file",
+      Ask(ctx.host, "Large input file",
           "The input file is quite large.  It is advisable to specify an output file \r\n"
           "before continuing, in case the text window will not hold the result. \r\n"
           "Do you wish to specify an output file?",

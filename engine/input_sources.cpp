@@ -6,6 +6,7 @@
 #include "engine/engine_context.h"
 #include "engine/line_counting.h"
 #include "engine/program_texts.h"
+#include "engine/run_messages.h"
 #include "engine/progress.h"
 #include "engine/run_driver.h"
 #include "engine/word_extraction.h"
@@ -22,17 +23,6 @@ namespace {
 constexpr int32_t kStopWithoutAskingBelow = 2000;
 constexpr int32_t kCheckedClipboardChars = 3000;
 constexpr std::string_view kStandardInputName = "(standard input)";
-
-// The refusals of a file run are warnings.
-void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
-  Tell(ctx.host, title, text, MessageIcon::Exclamation);
-}
-
-Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
-           MessageButtons buttons) {
-  return ctx.host.ShowMessage(
-      {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
-}
 
 // The reader of the clipboard text, or nullptr when the text does not pass the plain-text test
 // of its first kCheckedClipboardChars characters. The host's clipboard text is read whole into
@@ -68,7 +58,7 @@ bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
   // The number keeps the blank that the number conversion puts before it.
   const AnsiString question = NumberText(numWords) +
                               " different words have been found.\r\nDo you really wish to stop?";
-  if (Ask(ctx, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
+  if (Ask(ctx.host, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
     return false;
   }
   ctx.run.blnStop = false;
@@ -111,7 +101,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
     LineReader textReader;
     LineReader* reader = ClipboardReader(ctx, textReader);
     if (reader == nullptr) {
-      Warn(ctx, "Invalid input",
+      Warn(ctx.host, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.
       ctx.settings.optInFile = true;
