@@ -2,6 +2,7 @@
 // The command line's options and how they map onto the counting settings.
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "engine/counting_settings.h"
 
@@ -20,6 +21,11 @@ struct CommandLineOptions {
   bool commas = false, utf8 = false, ansi = false, stats = false;
   bool modernText = false, verbose = false;
   std::string settingsFile;
+  // Keywords: the run compared with the reference files, folders or count files.
+  std::vector<std::string> reference;
+  std::string keywords;  // the CSV file of the keywords
+  std::string keywordCutoff = "3.84";
+  bool bonferroni = false;
 };
 
 // Parses argv; on --help, --version or a usage error prints the text CLI11 gives and returns the

@@ -9,6 +9,7 @@
 
 #include "cli/command_line.h"
 #include "cli/console_host.h"
+#include "cli/keyword_report.h"
 #include "engine/engine_context.h"
 #include "engine/program_texts.h"
 #include "engine/run_driver.h"
@@ -60,8 +61,9 @@ int Run(int argc, char** argv) {
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
   std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
   if (options->stats) std::cout << host.StatisticsText();
+  const bool keywordsWritten = options->keywords.empty() || WriteKeywordReport(*options, ctx);
   // The listing is printed all the same; the message has told why the file did not get it.
-  return ctx.run.blnOutputFileMissed ? 1 : 0;
+  return ctx.run.blnOutputFileMissed || !keywordsWritten ? 1 : 0;
 }
 
 // What the error report says about an error that no run procedure caught.
