@@ -18,11 +18,13 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QSplitter;
 
 namespace wordtally::ui {
 
 class HelpWindow;
 class LanguageWindow;
+class ResultsViews;
 class SettingsWindow;
 
 class MainWindow : public QMainWindow {
@@ -44,6 +46,7 @@ class MainWindow : public QMainWindow {
   EngineContext& context() { return *ctx_; }
   SettingsWindow& settingsWindow() { return *settingsWindow_; }
   LanguageWindow& languageWindow() { return *languageWindow_; }
+  ResultsViews& resultsViews() { return *resultsViews_; }
   bool RunInProgress() const { return running_; }
 
   // The controls show the record again (after the engine or a loaded file changed it).
@@ -61,6 +64,7 @@ class MainWindow : public QMainWindow {
   QWidget* BuildSourceBox();
   QWidget* BuildListingBox();
   QWidget* BuildTextPanes();
+  void BuildResultsViews();
   QWidget* BuildProgressBox();
   QWidget* BuildStatisticsBox();
   void BuildMenus();
@@ -109,6 +113,9 @@ class MainWindow : public QMainWindow {
   QPushButton* cmdCopyToClipboard_ = nullptr;
   QLabel* lblSizeOfClipboardContents_ = nullptr;
   QPlainTextEdit* txbOutput_ = nullptr;
+  QSplitter* textPanes_ = nullptr;
+  QWidget* outputPane_ = nullptr;
+  ResultsViews* resultsViews_ = nullptr;
   QLabel* lblStatus_ = nullptr;
   std::map<Control, QLabel*> labels_;
   QList<QWidget*> runSensitiveWidgets_;
