@@ -1,7 +1,10 @@
 #include "cli/command_line.h"
 
+#include <algorithm>
+
 #include <CLI/CLI.hpp>
 
+#include "corpus/corpus_files.h"
 #include "input/file_vetting.h"
 #include "settings/common_words_choice.h"
 #include "support/file_utils.h"
@@ -10,8 +13,11 @@ namespace wordtally {
 namespace {
 
 void AddOptions(CLI::App& app, CommandLineOptions& o) {
-  app.add_option("INPUT", o.input, "Input file (text, HTML/XML/PHP or docx); \"-\" reads "
-                                   "standard input as clipboard text (UTF-8)")
+  app.add_option("INPUT", o.inputs,
+                 "Input files (text, HTML/XML/PHP or docx), folders (every such file in them and "
+                 "their subfolders, hidden ones skipped) and count files; several inputs are "
+                 "counted as one corpus. \"-\" alone reads standard input as clipboard text "
+                 "(UTF-8)")
       ->required();
   app.add_flag("--case-sensitive", o.caseSensitive, "Upper/lower case significant");
   app.add_flag("--no-hyphens", o.noHyphens, "Do not allow hyphens inside words");
@@ -40,6 +46,11 @@ void AddOptions(CLI::App& app, CommandLineOptions& o) {
                  "6 word rank, 7 word frequency, 8 word, 9 word (+ commas)")
       ->check(CLI::Range(0, 9));
   app.add_option("--output", o.output, "Also write the listing to FILE (txt or csv)");
+  app.add_option("--corpus-table", o.corpusTable,
+                 "Write the corpus table to FILE.csv: every listed word with its frequency, "
+                 "range and count in each file");
+  app.add_option("--save-counts", o.saveCounts,
+                 "Save the counts to FILE, a count file that later runs take as an input");
   app.add_flag("--commas", o.commas, "Separate the fields of the output file by commas");
   auto* utf8 = app.add_flag("--utf8", o.utf8, "Scan the input as UTF-8");
   app.add_flag("--ansi", o.ansi, "Scan the input as ANSI (Windows-1252)")->excludes(utf8);
@@ -84,8 +95,19 @@ std::optional<CommandLineOptions> ParseCommandLine(int argc, char** argv, int& e
   return options;
 }
 
+bool WantsCorpusRun(const CommandLineOptions& options) {
+  return IsCorpusRun(options.inputs) || !options.corpusTable.empty() ||
+         !options.saveCounts.empty();
+}
+
 bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFolder,
                       CountingSettings& s, std::string& error) {
+  const bool standardInput = std::find(o.inputs.begin(), o.inputs.end(), "-") != o.inputs.end();
+  if (standardInput && WantsCorpusRun(o)) {
+    error = "Standard input (\"-\") is counted alone, without other inputs, corpus table or "
+            "count file.";
+    return false;
+  }
   auto setIf = [](bool flag, int& field, int value) {
     if (flag) field = value;
   };
@@ -106,13 +128,14 @@ bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFol
   }
   if (o.order) s.cboWordOrder = *o.order == "frequency" ? 0 : 1;
   if (o.format) s.cboDisplayFormat = *o.format;
-  s.optInFile = o.input != "-";
-  s.txbFile[0] = s.optInFile ? o.input : "";
+  const std::string& input = o.inputs.front();
+  s.optInFile = !standardInput;
+  s.txbFile[0] = s.optInFile ? input : "";
   s.txbFile[1] = o.output;
   // As in the window once a text file is chosen, the UTF-8 box follows the file's detected
   // encoding, unless --utf8 or --ansi decides.
-  const bool textFile = s.optInFile && LowerExtension(o.input) != "docx";
-  s.chkUTF8 = o.utf8 || (!o.ansi && textFile && IsDetectedAsUtf8(o.input, TextRulesOf(s))) ? 1 : 0;
+  const bool textFile = s.optInFile && LowerExtension(input) != "docx";
+  s.chkUTF8 = o.utf8 || (!o.ansi && textFile && IsDetectedAsUtf8(input, TextRulesOf(s))) ? 1 : 0;
   s.chkDisableOutputToFile = 0;
   s.chkSuppressWords = 1;  // nothing watches the words as they are found
 

@@ -9,7 +9,9 @@
 namespace wordtally {
 
 struct CommandLineOptions {
-  std::string input;  // "-": standard input, taken as clipboard text
+  // Files, folders and count files; "-" alone: standard input, taken as clipboard text.
+  std::vector<std::string> inputs;
+  std::string corpusTable, saveCounts;  // the corpus run's CSV table and count file
   bool caseSensitive = false, noHyphens = false, apostrophes = false, numerals = false;
   bool singular = false, asciiOnly = false, keepNoVowel = false, noCommentMarkers = false;
   std::string commonWordsFile, language;
@@ -32,8 +34,13 @@ struct CommandLineOptions {
 // exit status (0 or 2) in exitStatus, else returns the options.
 std::optional<CommandLineOptions> ParseCommandLine(int argc, char** argv, int& exitStatus);
 
+// True when the options ask for a corpus run: several inputs, a folder, a count file, or a
+// corpus table or count file to write. A single file alone is counted as the classic run.
+bool WantsCorpusRun(const CommandLineOptions& options);
+
 // Applies the options over settings (defaults, or a loaded settings file). programFolder locates
-// the bundled common-words files for --language. False, with error set, when a file is missing.
+// the bundled common-words files for --language. False, with error set, when a file is missing
+// or standard input is combined with other inputs or with a corpus output.
 bool ApplyCommandLine(const CommandLineOptions& options, const std::string& programFolder,
                       CountingSettings& settings, std::string& error);
 

@@ -4,6 +4,7 @@
 
 #include "engine/program_texts.h"
 #include "input/decoding.h"
+#include "support/number_format.h"
 
 namespace wordtally {
 namespace {
@@ -11,7 +12,7 @@ namespace {
 bool IsStatistic(Control c) {
   return c == Control::StatWordsInList || c == Control::StatWordsIgnored ||
          c == Control::StatWordsExcluded || c == Control::StatInstancesInList ||
-         c == Control::StatTotalInstances;
+         c == Control::StatTotalInstances || c == Control::StatFiles;
 }
 
 }  // namespace
@@ -27,6 +28,7 @@ std::string ToTerminalText(std::string_view text) {
 }
 
 void ConsoleHost::Print(std::string_view title, std::string_view text) const {
+  EndProgressLine();
   std::cerr << ToTerminalText(title) << ": " << ToTerminalText(text) << '\n';
 }
 
@@ -35,9 +37,16 @@ Answer ConsoleHost::ShowMessage(const MessageBoxRequest& request) {
   const bool answeredHere = request.buttons != MessageButtons::Ok;
   if (verbose_ || !(answeredHere || request.notice)) Print(request.title, request.text);
   if (!answeredHere) return Answer::Ok;
-  if (request.title == kUtf8OrAnsiTitle) return utf8Answer_;
+  if (request.title == kUtf8OrAnsiTitle) return EncodingAnswer(request.text);
   if (request.title == "Large input file") return Answer::No;
   return request.defaultButton;
+}
+
+Answer ConsoleHost::EncodingAnswer(const AnsiString& question) const {
+  if (encoding_ != EncodingChoice::FollowFile) {
+    return encoding_ == EncodingChoice::Utf8 ? Answer::Yes : Answer::No;
+  }
+  return question == kSeemsUtf8Question ? Answer::Yes : Answer::No;
 }
 
 std::optional<AnsiString> ConsoleHost::InputBox(const AnsiString& title, const AnsiString&,
@@ -61,6 +70,26 @@ std::string ConsoleHost::StatisticsText() const {
     text += ToTerminalText(caption) + '\n';
   }
   return text;
+}
+
+void ConsoleHost::ShowCorpusProgress(const CorpusProgress& progress) {
+  constexpr int64_t kMegabyte = 1 << 20;
+  const int64_t megabytes = progress.bytesDone / kMegabyte;
+  if (!showProgress_ || (progress.fileNumber == progressFile_ && megabytes == progressMegabytes_)) {
+    return;
+  }
+  progressFile_ = progress.fileNumber;
+  progressMegabytes_ = megabytes;
+  std::cerr << "\rFile " << FormatWholeNumber(progress.fileNumber) << " of "
+            << FormatWholeNumber(progress.fileCount) << ", " << FormatWholeNumber(megabytes)
+            << " of " << FormatWholeNumber(progress.bytesTotal / kMegabyte) << " MB read"
+            << std::flush;
+}
+
+void ConsoleHost::EndProgressLine() const {
+  if (progressFile_ == 0) return;
+  std::cerr << '\n';
+  progressFile_ = 0;
 }
 
 }  // namespace wordtally

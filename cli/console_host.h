@@ -9,11 +9,15 @@
 
 namespace wordtally {
 
+// How the "UTF-8 or ANSI file?" question is answered: as the file seems to be, or always UTF-8
+// (--utf8) or always ANSI (--ansi).
+enum class EncodingChoice { FollowFile, Utf8, Ansi };
+
 class ConsoleHost : public Host {
  public:
-  // Answer to the "UTF-8 or ANSI file?" question: Yes follows the file's detected encoding
-  // (or the user's --utf8), No keeps ANSI (--ansi).
-  ConsoleHost(Answer utf8Answer, bool verbose) : utf8Answer_(utf8Answer), verbose_(verbose) {}
+  // showProgress: a corpus run's progress line is written to standard error (a terminal).
+  ConsoleHost(EncodingChoice encoding, bool verbose, bool showProgress)
+      : encoding_(encoding), verbose_(verbose), showProgress_(showProgress) {}
 
   Answer ShowMessage(const MessageBoxRequest& request) override;
   std::optional<AnsiString> InputBox(const AnsiString& title, const AnsiString& prompt,
@@ -33,6 +37,11 @@ class ConsoleHost : public Host {
   void StartTimer() override {}
   void StopTimer() override {}
 
+  // One line on standard error, rewritten in place, when the file or the megabytes read change.
+  void ShowCorpusProgress(const CorpusProgress& progress) override;
+  // Ends the progress line, if one is showing, so that what follows starts on a line of its own.
+  void EndProgressLine() const;
+
   // No clipboard here: standard input streams to the run as its clipboard text instead.
   std::u16string ClipboardText() override { return {}; }
 
@@ -42,9 +51,14 @@ class ConsoleHost : public Host {
 
  private:
   void Print(std::string_view title, std::string_view text) const;
+  Answer EncodingAnswer(const AnsiString& question) const;
 
-  Answer utf8Answer_;
+  EncodingChoice encoding_;
   bool verbose_;
+  bool showProgress_;
+  // The progress line on show: its file number and whole megabytes; fileNumber 0 when none.
+  mutable int32_t progressFile_ = 0;
+  int64_t progressMegabytes_ = -1;
   AnsiString output_;
   std::map<Control, AnsiString> statistics_;
   std::map<Control, bool> hidden_;

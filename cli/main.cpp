@@ -1,5 +1,6 @@
-// wordtally: the command-line front end. Counts the words of a file (or of standard input) with
-// the same engine as the desktop program and prints the listing.
+// wordtally: the command-line front end. Counts the words of a file (or of standard input), or of
+// a corpus of files, folders and count files, with the same engine as the desktop program and
+// prints the listing.
 #include <unistd.h>
 
 #include <exception>
@@ -9,6 +10,7 @@
 
 #include "cli/command_line.h"
 #include "cli/console_host.h"
+#include "cli/corpus_outputs.h"
 #include "cli/keyword_report.h"
 #include "engine/engine_context.h"
 #include "engine/program_texts.h"
@@ -21,6 +23,12 @@ namespace {
 std::string ProgramFolder() {
   std::error_code ec;
   return std::filesystem::read_symlink("/proc/self/exe", ec).parent_path().string();
+}
+
+wordtally::EncodingChoice EncodingOf(const wordtally::CommandLineOptions& options) {
+  using wordtally::EncodingChoice;
+  return options.utf8 ? EncodingChoice::Utf8
+                      : options.ansi ? EncodingChoice::Ansi : EncodingChoice::FollowFile;
 }
 
 int Run(int argc, char** argv) {
@@ -41,8 +49,16 @@ int Run(int argc, char** argv) {
     return 1;
   }
 
-  ConsoleHost host(options->ansi ? Answer::No : Answer::Yes, options->verbose);
+  const bool corpus = WantsCorpusRun(*options);
+  if (corpus && !CorpusOutputsSpareInputs(*options, applyError)) {
+    std::cerr << applyError << '\n';
+    return 1;
+  }
+
+  ConsoleHost host(EncodingOf(*options), options->verbose, isatty(STDERR_FILENO) == 1);
   EngineContext ctx(host, settings);
+  CorpusRun corpusRun(options->inputs);
+  if (corpus) corpusRun.Attach(ctx);
   // Standard input is counted as it streams in, so that memory does not grow with it.
   LineReader standardInput;
   if (!settings.optInFile) {
@@ -58,12 +74,19 @@ int Run(int argc, char** argv) {
   txbWordsToIgnore_LostFocus(settings, host);
 
   DoIt(ctx);
+  host.EndProgressLine();
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
   std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
   if (options->stats) std::cout << host.StatisticsText();
-  const bool keywordsWritten = options->keywords.empty() || WriteKeywordReport(*options, ctx);
-  // The listing is printed all the same; the message has told why the file did not get it.
-  return ctx.run.blnOutputFileMissed || !keywordsWritten ? 1 : 0;
+  // The listing is printed all the same; the messages have told what did not get into it, or
+  // why the output file did not get it.
+  bool incomplete = ctx.run.blnOutputFileMissed;
+  if (corpus) {
+    incomplete = !WriteCorpusOutputs(*options, ctx, corpusRun) || incomplete ||
+                 !corpusRun.Skipped().empty();
+  }
+  if (!options->keywords.empty() && !WriteKeywordReport(*options, ctx)) incomplete = true;
+  return incomplete ? 1 : 0;
 }
 
 // What the error report says about an error that no run procedure caught.

@@ -44,10 +44,6 @@ void Partition(std::span<WordListEntry> WordList, int32_t lo, int32_t hi, int32_
   }
 }
 
-void CheckedAdd(int32_t& sum, int32_t value) {
-  if (__builtin_add_overflow(sum, value, &sum)) throw RunError(kErrOverflow, "Overflow");
-}
-
 }  // namespace
 
 void QuickSortWords(std::span<WordListEntry> WordList, int32_t lo, int32_t hi,

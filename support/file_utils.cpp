@@ -2,6 +2,7 @@
 
 #include <stdlib.h>
 
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 
@@ -24,6 +25,15 @@ int64_t FileSize(const std::string& path) {
   if (!FileExists(path)) return -1;
   const auto size = fs::file_size(path, ec);
   return ec ? -1 : static_cast<int64_t>(size);
+}
+
+int64_t ModifiedSeconds(const std::string& path) {
+  std::error_code ec;
+  const auto time = fs::last_write_time(path, ec);
+  if (ec) return 0;
+  return std::chrono::duration_cast<std::chrono::seconds>(
+             std::chrono::file_clock::to_sys(time).time_since_epoch())
+      .count();
 }
 
 std::string LowerExtension(const std::string& path) {

@@ -8,6 +8,8 @@ namespace wordtally {
 bool FileExists(const std::string& path);    // an existing regular file
 bool FolderExists(const std::string& path);  // an existing directory
 int64_t FileSize(const std::string& path);   // -1 when there is no such file
+// The last modification, in seconds since 1970-01-01 UTC; 0 when there is no such file.
+int64_t ModifiedSeconds(const std::string& path);
 std::string LowerExtension(const std::string& path);  // "Book.TXT" -> "txt"; "" when none
 std::string FolderPart(const std::string& path);      // "/a/b.txt" -> "/a"; "" when none
 // True when both names reach one existing file (same device and inode), whatever the path:

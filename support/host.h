@@ -45,6 +45,7 @@ enum class Control {
   StatWordsExcluded,
   StatInstancesInList,
   StatTotalInstances,
+  StatFiles,                  // a corpus run's files counted and skipped
 };
 
 class Host {

@@ -31,6 +31,11 @@ class RunError : public std::runtime_error {
 
 [[noreturn]] inline void ThrowOverflow() { throw RunError(kErrOverflow, "Overflow"); }
 
+// Adds value to a 32-bit sum; passing the 32-bit range is an overflow error.
+inline void CheckedAdd(int32_t& sum, int32_t value) {
+  if (__builtin_add_overflow(sum, value, &sum)) [[unlikely]] ThrowOverflow();
+}
+
 // Adds one to a 32-bit counter; passing 2147483647 is an overflow error, never a wrap-around.
 // The throw stays out of line so that the counting paths inline the common case.
 inline void Increment(int32_t& counter) {

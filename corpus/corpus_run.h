@@ -1,0 +1,44 @@
+#pragma once
+// A corpus run: many files, folders and count files counted into one store through the engine's
+// one-file reading, with per-file counts, then listed as one run.
+#include <string>
+#include <vector>
+
+#include "corpus/corpus_counts.h"
+#include "corpus/corpus_files.h"
+#include "engine/engine_context.h"
+#include "engine/file_tally.h"
+
+namespace wordtally {
+
+class CorpusRun {
+ public:
+  // inputs as the user gave them (files, folders, count files).
+  explicit CorpusRun(std::vector<std::string> inputs);
+  CorpusRun(const CorpusRun&) = delete;
+  CorpusRun& operator=(const CorpusRun&) = delete;
+
+  // Makes the next DoIt(ctx) count this corpus. Detach undoes it.
+  void Attach(EngineContext& ctx);
+  void Detach(EngineContext& ctx);
+
+  // After DoIt: the counts of the run (every counted file, then the files of each count file),
+  // the files counted and the inputs skipped (refused by vetting, unreadable, or count files made
+  // under other settings).
+  const CorpusCounts& Counts() const { return counts_; }
+  int32_t FilesCounted() const { return static_cast<int32_t>(counts_.files.size()); }
+  const std::vector<std::string>& Skipped() const { return skipped_; }
+
+ private:
+  bool Count(EngineContext& ctx);
+  // Counts the text files into the store and the tally; false when a question was cancelled.
+  bool CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
+                      int64_t bytesTotal);
+
+  std::vector<std::string> inputs_;
+  FileTally tally_;
+  CorpusCounts counts_;
+  std::vector<std::string> skipped_;
+};
+
+}  // namespace wordtally

@@ -1,0 +1,46 @@
+#pragma once
+// Counting one input file (text or docx) into the store as it stands: what a one-file run does
+// after its checks, and what a corpus run does for each of its files.
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "engine/line_counting.h"
+
+namespace wordtally {
+
+struct EngineContext;
+
+// The "Yes to all" / "No to all" answers to "UTF-8 or ANSI file?", one per verdict: the chkUTF8
+// value to use for every later file that seems UTF-8, or that seems not to be.
+struct EncodingAnswers {
+  std::optional<int> ifSeemsUtf8;
+  std::optional<int> ifSeemsNotUtf8;
+};
+
+struct OneFileOptions {
+  // When set, the encoding question offers "Yes to all" / "No to all" and keeps such answers.
+  EncodingAnswers* encodingAnswers = nullptr;
+  LineProgress onProgress;
+};
+
+enum class FileOutcome {
+  Counted,
+  Refused,    // vetting refused it, it could not be read, or it is a damaged docx: told already
+  Cancelled,  // the user cancelled a question: the run ends here
+};
+
+// Vets path, settles its decoding and counts its lines into ctx.store, with its own markup kind
+// and comment state and without emptying the store.
+FileOutcome CountOneFile(EngineContext& ctx, const std::string& path,
+                         const OneFileOptions& options);
+
+// Refuses, with a message, an output file that is inputFile or the common-words file, and with
+// checkDocx one that is a docx file.
+bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool checkDocx);
+
+// With inputSize above the large-input limit and no output file, offers to choose one; the clock
+// does not count the time the question waits. False: Cancel.
+bool OfferOutputFileForLargeInput(EngineContext& ctx, int64_t inputSize);
+
+}  // namespace wordtally
