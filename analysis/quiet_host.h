@@ -1,6 +1,6 @@
 #pragma once
-// A host that shows nothing: questions take their default button, and the messages that warn or
-// refuse are kept, for a count that runs behind the front end's back (the keyword reference).
+// A host that shows nothing: a file is read in the encoding it seems to have, other questions take
+// their default button, and the messages that warn or refuse are kept, for a count that runs behind the front end's back (the keyword reference).
 #include <vector>
 
 #include "support/host.h"

@@ -10,7 +10,7 @@
 
 namespace wordtally {
 
-// Counts paths and returns their included words by rank. Nothing, with error set to the first
+// Counts paths (files, folders, count files) as a corpus and returns the included words by rank. Nothing, with error set to the first
 // message the run gave (or a sentence saying why), when no words were counted.
 std::vector<WordFrequency> CountReference(const std::vector<std::string>& paths,
                                           const CountingSettings& settings,

@@ -1,6 +1,5 @@
 // The statistics over finished counts, checked against values worked out by hand with a
 // calculator (ln 2 = 0.693147, ln 1.5 = 0.405465, ln 0.2 = -1.609438, ln 1.8 = 0.587787).
-#include <filesystem>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -11,6 +10,7 @@
 #include "analysis/reference_count.h"
 #include "analysis/significance.h"
 #include "support/csv_text.h"
+#include "support/file_utils.h"
 
 namespace wordtally {
 namespace {
@@ -100,18 +100,19 @@ TEST(KeywordsCsv, QuotesFieldsAndConvertsToUtf8) {
             "1,caf\xC3\xA9,12,3,5.00,-0.13\r\n");
 }
 
-TEST(ReferenceCount, CountsWithTheTargetsSettings) {
-  const auto path = std::filesystem::temp_directory_path() / "wordtally_reference.txt";
-  std::ofstream(path) << "Beta alpha BETA\r\nthe the the\r\n";
+// A folder of two files, counted with the target's words to ignore: beta 2 + 1, alpha 1.
+TEST(ReferenceCount, CountsAFolderWithTheTargetsSettings) {
+  const TemporaryFolder folder;
+  std::ofstream(folder.Path() + "/one.txt") << "Beta alpha BETA\r\nthe the the\r\n";
+  std::ofstream(folder.Path() + "/two.txt") << "beta the\r\n";
   CountingSettings settings;
   settings.strWordsToIgnore = " the ";  // as the settings window leaves it
   std::string error;
-  const auto words = CountReference({path.string()}, settings, {}, error);
-  ASSERT_EQ(words.size(), 2u);
+  const auto words = CountReference({folder.Path()}, settings, {}, error);
+  ASSERT_EQ(words.size(), 2u) << error;
   EXPECT_EQ(words[0].word + " " + words[1].word, "beta alpha");
-  EXPECT_EQ(words[0].frequency, 2);
-  std::filesystem::remove(path);
-  EXPECT_TRUE(CountReference({path.string()}, settings, {}, error).empty());
+  EXPECT_EQ(words[0].frequency, 3);
+  EXPECT_TRUE(CountReference({folder.Path() + "/missing.txt"}, settings, {}, error).empty());
   EXPECT_FALSE(error.empty());
 }
 
