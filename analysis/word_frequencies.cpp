@@ -2,14 +2,17 @@
 
 namespace wordtally {
 
+// One pass in store order, placing each included word at its rank (FreqOrder): reading the
+// records in order is far faster than following the chain across them.
 std::vector<int32_t> IndexesByRank(std::span<const WordListEntry> WordList,
                                    const ListStatistics& stats) {
-  std::vector<int32_t> indexes;
-  indexes.reserve(static_cast<size_t>(stats.lngNumWordsIncluded));
-  int32_t index = stats.lngFirstFreq;
-  for (int32_t n = 0; n < stats.lngNumWordsIncluded && index != 0; ++n) {
-    indexes.push_back(index);
-    index = WordList[static_cast<size_t>(index)].NextByFreq;
+  const int32_t n = stats.lngFirstFreq == 0 ? 0 : stats.lngNumWordsIncluded;
+  std::vector<int32_t> indexes(static_cast<size_t>(n));
+  for (size_t i = 1; i < WordList.size(); ++i) {
+    const WordListEntry& entry = WordList[i];
+    if (entry.Included && entry.FreqOrder >= 1 && entry.FreqOrder <= n) {
+      indexes[static_cast<size_t>(entry.FreqOrder - 1)] = static_cast<int32_t>(i);
+    }
   }
   return indexes;
 }

@@ -16,8 +16,8 @@ struct WordFrequency {
   int64_t frequency = 0;
 };
 
-// The store indexes of the included words by rank (falling frequency), following the chain the
-// ranking left from stats.lngFirstFreq. WordList and stats as the listing left them.
+// The store indexes of the included words by rank (falling frequency), as the ranking numbered
+// them in FreqOrder. WordList and stats as the listing left them.
 std::vector<int32_t> IndexesByRank(std::span<const WordListEntry> WordList,
                                    const ListStatistics& stats);
 
