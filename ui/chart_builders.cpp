@@ -5,7 +5,7 @@
 #include <QHorizontalBarSeries>
 #include <QLineSeries>
 #include <QLogValueAxis>
-#include <QScatterSeries>
+#include <QPen>
 #include <QValueAxis>
 #include <cmath>
 
@@ -81,14 +81,14 @@ QChart* ZipfChart(const std::vector<int32_t>& frequenciesByRank) {
                                            .arg(fit.exponent, 0, 'f', 3)
                                      : QObject::tr("Rank and frequency"));
   if (n == 0) return chart;
-  auto* words = new QScatterSeries;
-  words->setMarkerSize(6);
+  auto* words = new QLineSeries;  // the observed ranks; a scatter series drops crowded points
   for (const int32_t rank : SampledRanks(n, kMaxPoints)) words->append(rank, frequenciesByRank[rank - 1]);
   auto* x = LogAxis(QObject::tr("Rank"), 1, std::max(n, 10));
   auto* y = LogAxis(QObject::tr("Frequency"), 1, std::max(frequenciesByRank.front(), 10) * 2.0);
   Attach(chart, words, x, y);
   if (fit.valid) {
     auto* line = new QLineSeries;
+    line->setPen(QPen(Qt::darkRed, 1.5, Qt::DashLine));
     for (const double rank : {1.0, static_cast<double>(n)}) {
       line->append(rank, std::exp(fit.intercept - fit.exponent * std::log(rank)));
     }

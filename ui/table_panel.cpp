@@ -55,6 +55,7 @@ TablePanel::TablePanel(const QString& name, QWidget* parent)
   view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   view_->verticalHeader()->setDefaultSectionSize(view_->fontMetrics().height() + 6);
   view_->horizontalHeader()->setStretchLastSection(true);
+  view_->horizontalHeader()->setResizeContentsPrecision(100);  // a glance at 100 rows suffices
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -63,6 +64,7 @@ TablePanel::TablePanel(const QString& name, QWidget* parent)
 
   connect(filter_, &QLineEdit::textChanged, model_, &RowTableModel::SetFilter);
   connect(model_, &RowTableModel::rowsShownChanged, this, &TablePanel::ShowRowCount);
+  connect(model_, &QAbstractItemModel::modelReset, view_, &QTableView::resizeColumnsToContents);
   connect(copy, &QPushButton::clicked, this, &TablePanel::CopySelectedRows);
   connect(new QShortcut(QKeySequence::Copy, view_), &QShortcut::activated, this,
           &TablePanel::CopySelectedRows);
