@@ -4,6 +4,7 @@
 #include <QBarSet>
 #include <QHorizontalBarSeries>
 #include <QLineSeries>
+#include <QGraphicsLayout>
 #include <QLogValueAxis>
 #include <QPen>
 #include <QValueAxis>
@@ -17,10 +18,14 @@ namespace {
 
 constexpr int kMaxPoints = 1000;
 
+// Slim margins: the charts share the window with the output box's other tabs.
 QChart* NewChart(const QString& title) {
   auto* chart = new QChart;
   chart->setTitle(title);
   chart->legend()->hide();
+  chart->setMargins(QMargins(4, 4, 4, 4));
+  chart->layout()->setContentsMargins(0, 0, 0, 0);
+  chart->setBackgroundRoundness(0);
   return chart;
 }
 
@@ -35,6 +40,9 @@ QLogValueAxis* LogAxis(const QString& title, double low, double high) {
 
 void Attach(QChart* chart, QAbstractSeries* series, QAbstractAxis* x, QAbstractAxis* y) {
   chart->addSeries(series);
+  // Laid out before it is shown, a chart would cut every label to an ellipsis.
+  x->setTruncateLabels(false);
+  y->setTruncateLabels(false);
   if (!chart->axes(Qt::Horizontal).contains(x)) chart->addAxis(x, Qt::AlignBottom);
   if (!chart->axes(Qt::Vertical).contains(y)) chart->addAxis(y, Qt::AlignLeft);
   series->attachAxis(x);
@@ -71,6 +79,7 @@ QChart* TopWordsChart(const ResultsSource& results, int count) {
   frequencyAxis->setTitleText(QObject::tr("Frequency"));
   frequencyAxis->setLabelFormat("%d");
   Attach(chart, series, frequencyAxis, wordAxis);
+  frequencyAxis->applyNiceNumbers();
   return chart;
 }
 

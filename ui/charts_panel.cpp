@@ -52,21 +52,23 @@ ChartsPanel::ChartsPanel(QWidget* parent)
   topCount_->setObjectName("chartTopCount");
   for (const int count : {10, 20, 50}) topCount_->addItem(tr("Top %1").arg(count), count);
   tabs_->setObjectName("chartTabs");
-  tabs_->addTab(topWords_, tr("Most frequent words"));
-  tabs_->addTab(zipf_, tr("Rank and frequency"));
+  tabs_->addTab(topWords_, tr("Top words"));
+  tabs_->addTab(zipf_, tr("Rank/frequency"));
   tabs_->addTab(coverage_, tr("Coverage"));
   auto* savePng = new QPushButton(tr("Save PNG..."), this);
   auto* saveSvg = new QPushButton(tr("Save SVG..."), this);
 
-  auto* tools = new QHBoxLayout;
-  tools->addWidget(new QLabel(tr("Bar chart:"), this));
-  tools->addWidget(topCount_);
-  tools->addStretch(1);
-  tools->addWidget(savePng);
-  tools->addWidget(saveSvg);
+  // The tools sit beside the chart tabs, leaving the charts all the height there is.
+  auto* tools = new QWidget(this);
+  auto* toolsLayout = new QHBoxLayout(tools);
+  toolsLayout->setContentsMargins(0, 0, 0, 2);
+  toolsLayout->addWidget(new QLabel(tr("Bar chart:"), tools));
+  toolsLayout->addWidget(topCount_);
+  toolsLayout->addWidget(savePng);
+  toolsLayout->addWidget(saveSvg);
+  tabs_->setCornerWidget(tools, Qt::TopRightCorner);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addLayout(tools);
   layout->addWidget(tabs_, 1);
 
   connect(topCount_, &QComboBox::currentIndexChanged, this, &ChartsPanel::DrawTopWords);
