@@ -35,6 +35,7 @@
 #include "support/file_utils.h"
 #include "ui/help_window.h"
 #include "ui/language_window.h"
+#include "ui/corpus_columns.h"
 #include "ui/qt_text.h"
 #include "ui/results_views.h"
 #include "ui/settings_persistence.h"
@@ -290,6 +291,10 @@ void MainWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
   QAction* open = file->addAction(tr("&Open input file..."), this, &MainWindow::OnChooseInputFile);
   open->setShortcut(QKeySequence::Open);
+  QAction* corpusFiles =
+      file->addAction(tr("Count several &files..."), this, [this] { OnChooseCorpus(false); });
+  QAction* corpusFolder =
+      file->addAction(tr("Count a fol&der..."), this, [this] { OnChooseCorpus(true); });
   file->addSeparator();
   QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
   quit->setShortcut(QKeySequence::Quit);
@@ -308,7 +313,7 @@ void MainWindow::BuildMenus() {
   QAction* helpAction = help->addAction(tr("&Help"), helpWindow_, &QWidget::show);
   helpAction->setShortcut(QKeySequence::HelpContents);
   help->addAction(tr("&About Wordtally"), this, [this] { ShowAboutWindow(this); });
-  runSensitiveActions_ << open << language;
+  runSensitiveActions_ << open << corpusFiles << corpusFolder << language;
 }
 
 void MainWindow::CreateHost() {
@@ -411,12 +416,40 @@ void MainWindow::OnCountClicked() {
     RequestStop(*ctx_);
     return;
   }
+  settings_.txbFile[0] = PathFromQString(txbInputFile_->text());
+  CommitEditsAndCount();
+  resultsViews_->ShowRun();
+}
+
+void MainWindow::CommitEditsAndCount() {
   // A box being edited has not told the record yet.
   settingsWindow_->CommitPendingEdits();
-  settings_.txbFile[0] = PathFromQString(txbInputFile_->text());
   WriteFileBoxesToSettings();
   RunEngineCommand([this] { DoIt(*ctx_); });
-  resultsViews_->ShowRun();
+}
+
+void MainWindow::CountCorpus(std::vector<std::string> inputs) {
+  if (running_) return;
+  resultsViews_->Clear();  // before the counts it reads are replaced
+  corpusRun_ = std::make_unique<CorpusRun>(std::move(inputs));
+  corpusRun_->Attach(*ctx_);
+  settings_.optInFile = true;
+  CommitEditsAndCount();
+  corpusRun_->Detach(*ctx_);
+  resultsViews_->ShowRun(PerFileCountsOf(corpusRun_->Counts()));
+}
+
+void MainWindow::OnChooseCorpus(bool folder) {
+  std::vector<std::string> inputs;
+  if (folder) {
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Count a folder"));
+    if (!chosen.isEmpty()) inputs.push_back(PathFromQString(chosen));
+  } else {
+    for (const QString& file : QFileDialog::getOpenFileNames(this, tr("Count several files"))) {
+      inputs.push_back(PathFromQString(file));
+    }
+  }
+  if (!inputs.empty()) CountCorpus(std::move(inputs));
 }
 
 void MainWindow::RunEngineCommand(const std::function<void()>& command) {

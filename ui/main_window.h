@@ -6,6 +6,7 @@
 #include <QString>
 #include <functional>
 
+#include "corpus/corpus_run.h"
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
 #include "ui/qt_host.h"
@@ -40,6 +41,9 @@ class MainWindow : public QMainWindow {
   void Start();
   // Makes a file the input file, checked as if typed: "wordtally-gui FILE", or a dropped file.
   void OpenInputFile(const QString& path);
+  // Counts files, folders and count files together (a corpus run); the results table then has a
+  // column per file.
+  void CountCorpus(std::vector<std::string> inputs);
 
   QtHost& host() { return *host_; }
   CountingSettings& settings() { return settings_; }
@@ -74,6 +78,8 @@ class MainWindow : public QMainWindow {
   void FillLists();
 
   void OnCountClicked();
+  void CommitEditsAndCount();
+  void OnChooseCorpus(bool folder);
   void OnChooseInputFile();
   void OnInputFileTyped();
   void OnChooseOutputFile();
@@ -91,6 +97,7 @@ class MainWindow : public QMainWindow {
   CountingSettings settings_;
   QtHost* host_ = nullptr;
   std::unique_ptr<EngineContext> ctx_;
+  std::unique_ptr<CorpusRun> corpusRun_;  // the last corpus run, whose counts the table shows
   bool running_ = false;
   bool engineBusy_ = false;
   bool closeRequested_ = false;

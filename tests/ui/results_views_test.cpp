@@ -118,6 +118,20 @@ class ResultsViewsTest : public QObject {
     QCOMPARE(Table().model().rowCount(), 0);
   }
 
+  // a.txt: cat 2, dog 1; b.txt: cat 1, sat 1 (5 instances).
+  void corpusRunAddsRangeAndAColumnPerFile() {
+    QDir(dir_->path()).mkdir("texts");
+    WriteFile("texts/a.txt", "cat dog cat\r\n");
+    WriteFile("texts/b.txt", "cat sat\r\n");
+    window_->CountCorpus({dir_->filePath("texts").toStdString()});
+    const QStringList rows = {"1 cat 3 60.000 60.000 2 2 1", "2 dog 1 20.000 80.000 1 1 0",
+                              "3 sat 1 20.000 100.000 1 0 1"};
+    QCOMPARE(Rows(Table()), rows);
+    QCOMPARE(Table().model().headerData(6, Qt::Horizontal, Qt::DisplayRole).toString(), "a.txt");
+    Table().view().sortByColumn(7, Qt::DescendingOrder);  // by b.txt
+    QCOMPARE(Rows(Table()), (QStringList{rows[0], rows[2], rows[1]}));
+  }
+
   void chartsDrawTheRunAndSave() {
     Count(WriteFile("pets.txt", "the cat sat\r\nthe dog the cat\r\n"));
     auto* top = window_->findChild<QChartView*>("topWordsChart");
