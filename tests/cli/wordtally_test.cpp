@@ -157,6 +157,17 @@ TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
        "Invalid input: The text on the clipboard does not consist\n"
        "solely of natural language words.",
        binary},
+      // Two files as one corpus: every frequency doubled, 34 instances in all.
+      {{"--stats", mixed, utf8},
+       Ranked(6, {{4, 2, "all"}, {2, 6, "café"}, {5, 2, "crème"}, {6, 2, "end"},
+                  {7, 2, "lait"}, {8, 2, "naïve"}, {9, 2, "noir"}, {10, 2, "straße"},
+                  {11, 2, "that"}, {1, 8, "the"}, {3, 4, "über"}}) +
+           "Number of words in this list: 11\nNumber of words ignored: 0\n"
+           "Number of words excluded: 0\nNumber of instances of words in this list: 34\n"
+           "Total number of instances of words: 34\nFiles counted: 2, skipped: 0\n"},
+      // A refused input is named and skipped: the others are listed, and the exit status is 1.
+      {{mixed, missing}, MixedListing(), 1, "These inputs were not counted:\n" + missing},
+      {{"-", mixed}, "", 1, "Standard input (\"-\") is counted alone"},
       {{"--min-frequency", "1", cases}, "", 2, usage}, {{"--format", "10", cases}, "", 2, usage},
       {{"--min-frequency", "10", cases}, "", 2, usage}, {{"--order", "odd", cases}, "", 2, usage},
       {{"--language", "xx", cases}, "", 2, usage}, {{"--no-such-option", cases}, "", 2, usage},
@@ -275,6 +286,46 @@ TEST(Wordtally, KeywordsAgainstAReferenceWorkedOutByHand) {
     EXPECT_EQ(ReadFile(csv), expected) << cutoff;
   }
   EXPECT_EQ(RunWordtally({"mixed_ansi_crlf.txt", "--keywords", csv}).exitStatus, 2);
+}
+
+}  // namespace
+}  // namespace wordtally::testing
+
+namespace wordtally::testing {
+namespace {
+
+// The acceptance test of count files: counts saved from some files and merged in a later run
+// give, byte for byte, the listing, output file and corpus table of a run over the files
+// themselves; counts made under other settings are refused by the setting's name.
+TEST(Wordtally, RunFromCountFilesEqualsTheRunOverTheirFiles) {
+  const TemporaryFolder folder;
+  const std::string data = WORDTALLY_TEST_DATA "/cli/", out = folder.Path() + "/";
+  const std::vector<std::string> files = {data + "mixed_ansi_crlf.txt", data + "page_utf8.html",
+                                          data + "en_tika_testWORD.docx"};
+  auto run = [&](std::vector<std::string> inputs, const std::string& name) {
+    for (const char* option : {"--order", "frequency", "--stats", "--output"}) {
+      inputs.push_back(option);
+    }
+    inputs.insert(inputs.end(), {out + name + ".txt", "--corpus-table", out + name + ".csv"});
+    return RunWordtally(inputs);
+  };
+  ASSERT_EQ(RunWordtally({files[0], "--save-counts", out + "first.counts"}).exitStatus, 0);
+  ASSERT_EQ(RunWordtally({files[1], files[2], "--save-counts", out + "rest.counts"}).exitStatus, 0);
+  const ProgramOutcome direct = run(files, "direct");
+  const ProgramOutcome merged = run({out + "first.counts", out + "rest.counts"}, "merged");
+  EXPECT_EQ(std::tie(merged.exitStatus, merged.err), std::tie(direct.exitStatus, direct.err));
+  EXPECT_EQ(merged.out, direct.out);
+  EXPECT_THAT(direct.out, ::testing::HasSubstr("Files counted: 3, skipped: 0"));
+  for (const char* name : {".txt", ".csv"}) {
+    EXPECT_EQ(ReadFile(out + "merged" + name), ReadFile(out + "direct" + name)) << name;
+  }
+  EXPECT_THAT(ReadFile(out + "direct.csv"),
+              ::testing::StartsWith("\xEF\xBB\xBFRank,Word,Frequency,Range,mixed_ansi_crlf.txt,"
+                                    "page_utf8.html,en_tika_testWORD.docx\r\n"));
+
+  const ProgramOutcome refused = RunWordtally({"--case-sensitive", out + "first.counts"});
+  EXPECT_EQ(refused.exitStatus, 1);
+  EXPECT_THAT(refused.err, ::testing::HasSubstr("other settings than this run: case sensitive."));
 }
 
 }  // namespace
