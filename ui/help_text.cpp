@@ -42,7 +42,10 @@ those letters, or use <b>*</b> (any letters) and <b>?</b> (one letter) for a pat
 <code>un*ly</code>; case is ignored. The number of words shown stands beside the box.
 <i>Copy</i> (or Ctrl+C) puts the selected rows on the clipboard as tab-separated text, ready to
 paste into a spreadsheet. <i>Export CSV...</i> saves the rows shown as a CSV file (UTF-8);
-<i>Export listing...</i> saves them as the output file is written, in the chosen format.</p>
+<i>Export listing...</i> saves them as the output file is written, in the chosen format.
+<i>File &gt; Count several files...</i> and <i>File &gt; Count a folder...</i> count many texts
+(and count files) together; the table then also shows each word's range, the number of files it
+occurs in, and a column with its count in each file.</p>
 <p><b>Charts</b>: the 10, 20 or 50 most frequent words as bars (choose in <i>Bar
 chart</i>); rank against frequency on logarithmic axes, with the Zipf exponent fitted by least
 squares (the dashed line); and the coverage: the share of all instances that the top k words
