@@ -34,9 +34,10 @@ int32_t ResultsSource::CountInFile(int32_t row, int32_t file) const {
   return it != counts.end() && it->file == file ? it->count : 0;
 }
 
-// Rank, frequency and shares come from the row's place in the ranking; the word sorts by its
-// store index, since the store keeps its records in ascending code-unit order.
-double ResultsSource::Number(int32_t row, int column) const {
+// A cell's number, which is also what its column sorts by. Rank, frequency and shares come from
+// the row's place in the ranking; the word sorts by its store index, since the store keeps its
+// records in ascending code-unit order.
+double ResultsSource::SortKey(int32_t row, int column) const {
   switch (column) {
     case kRank: return row + 1;
     case kWord: return indexes_[row];
@@ -50,11 +51,9 @@ double ResultsSource::Number(int32_t row, int column) const {
 
 QString ResultsSource::Text(int32_t row, int column) const {
   if (column == kWord) return ToQString(Word(row));
-  const double value = Number(row, column);
+  const double value = SortKey(row, column);
   return column == kShare || column == kCumulativeShare ? QString::number(value, 'f', 3)
                                                         : QString::number(value, 'f', 0);
 }
-
-double ResultsSource::SortKey(int32_t row, int column) const { return Number(row, column); }
 
 }  // namespace wordtally::ui

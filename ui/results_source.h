@@ -46,7 +46,6 @@ class ResultsSource : public TableSource {
 
  private:
   const WordListEntry& Entry(int32_t row) const { return WordList_[indexes_[row]]; }
-  double Number(int32_t row, int column) const;
   int32_t CountInFile(int32_t row, int32_t file) const;
 
   std::span<const WordListEntry> WordList_;

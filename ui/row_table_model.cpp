@@ -76,7 +76,7 @@ QVariant RowTableModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) {
     return source_->Text(shown_[static_cast<size_t>(index.row())], index.column());
   }
-  if (role == Qt::TextAlignmentRole && index.column() != source_->WordColumn()) {
+  if (role == Qt::TextAlignmentRole && index.column() != TableSource::kWordColumn) {
     return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
   }
   return {};

@@ -19,8 +19,9 @@ class TableSource {
   virtual double SortKey(int32_t row, int column) const = 0;
   // The row's word, which the filter matches (Windows-1252).
   virtual std::string_view Word(int32_t row) const = 0;
-  // The one column of text; the others hold numbers and are aligned to the right.
-  virtual int WordColumn() const { return 1; }
+  // The word is the one column of text, after the rank; the others hold numbers and are aligned
+  // to the right.
+  static constexpr int kWordColumn = 1;
 };
 
 }  // namespace wordtally::ui
