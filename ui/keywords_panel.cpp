@@ -1,5 +1,6 @@
 #include "ui/keywords_panel.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
@@ -76,9 +77,13 @@ void KeywordsPanel::ChooseReference(bool folder) {
 bool KeywordsPanel::Compare() {
   if (!target_) return false;
   std::string error;
+  // The reference is counted without turns of the event loop, so that nothing can start a run
+  // meanwhile; the cursor says the window is busy.
+  QApplication::setOverrideCursor(Qt::WaitCursor);
   const std::vector<WordFrequency> reference =
       CountReference({PathFromQString(reference_->text().trimmed())}, ctx_.settings,
                      ctx_.commonWords, error);
+  QApplication::restoreOverrideCursor();
   if (reference.empty()) {
     status_->setText(ToDisplayText(error));
     table_->model().SetSource(nullptr);
