@@ -66,6 +66,19 @@ void AddOptions(CLI::App& app, CommandLineOptions& o) {
   app.add_flag("--stats", o.stats, "Print the statistics after the listing");
   app.add_flag("--verbose", o.verbose,
                "Also print the notices, and the questions answered without asking");
+  auto* reference = app.add_option("--reference", o.reference,
+                                   "Compare the run with these files, folders or count files")
+                       ->check(CLI::ExistingPath);
+  auto* keywords = app.add_option("--keywords", o.keywords,
+                                  "Write the keywords against the reference to FILE.csv (UTF-8)")
+                       ->needs(reference);
+  reference->needs(keywords);
+  app.add_option("--keyword-cutoff", o.keywordCutoff,
+                 "Least log-likelihood of a keyword: 3.84 (p < 0.05, default), 6.63 (0.01), "
+                 "10.83 (0.001) or 15.13 (0.0001)")
+      ->check(CLI::IsMember({"3.84", "6.63", "10.83", "15.13"}));
+  app.add_flag("--bonferroni", o.bonferroni,
+               "Divide the keyword cut-off's p by the number of words compared");
   app.set_version_flag("--version", std::string("wordtally ") + WORDTALLY_VERSION);
 }
 

@@ -24,6 +24,11 @@ struct CommandLineOptions {
   bool modernText = false, verbose = false;
   int threads = 0;  // 0: one per core
   std::string settingsFile;
+  // Keywords: the run compared with the reference files, folders or count files.
+  std::vector<std::string> reference;
+  std::string keywords;  // the CSV file of the keywords
+  std::string keywordCutoff = "3.84";
+  bool bonferroni = false;
 };
 
 // Parses argv; on --help, --version or a usage error prints the text CLI11 gives and returns the

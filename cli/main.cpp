@@ -11,6 +11,7 @@
 #include "cli/command_line.h"
 #include "cli/console_host.h"
 #include "cli/corpus_outputs.h"
+#include "cli/keyword_report.h"
 #include "engine/engine_context.h"
 #include "engine/program_texts.h"
 #include "engine/run_driver.h"
@@ -85,6 +86,7 @@ int Run(int argc, char** argv) {
     incomplete = !WriteCorpusOutputs(*options, ctx, corpusRun) || incomplete ||
                  !corpusRun.Skipped().empty();
   }
+  if (!options->keywords.empty() && !WriteKeywordReport(*options, ctx)) incomplete = true;
   return incomplete ? 1 : 0;
 }
 

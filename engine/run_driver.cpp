@@ -181,10 +181,11 @@ AnsiString TextboxFullText(std::string_view outputFile) {
   AnsiString text =
       "The list is too long to be shown in full in the text window,\r\n"
       "which shows only its first part.";
-  if (outputFile.empty()) {
-    return text + "\r\n\r\nTo get the whole list, specify an output file and count again.";
-  }
-  return text + "\r\n\r\nThe whole list is in the output file\r\n" + AnsiString(outputFile);
+  // The desktop's Results table always holds every included word; the command line, which
+  // receives the whole listing, never shows this box.
+  if (outputFile.empty()) return text + "\r\n\r\nThe whole list is in the Results table.";
+  return text + "\r\n\r\nThe whole list is in the Results table\r\nand in the output file\r\n" +
+         AnsiString(outputFile);
 }
 
 }  // namespace

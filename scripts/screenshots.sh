@@ -1,6 +1,7 @@
 #!/bin/sh
 # Takes the pictures of the desktop program that the README shows: the main window during and
-# after a run, and the settings window, at the default size and scaled to 125%.
+# after counting a real book (docs/sample-texts), the results table, two charts, the keywords
+# against another book, and the settings window, at the default size and scaled to 125%.
 #
 #   scripts/screenshots.sh [BUILD_DIR]     (default: build)
 #
@@ -20,7 +21,7 @@ mkdir -p "$docs"
 
 shoot() {  # suffix scale
   QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR="$2" \
-    xvfb-run -a -s "-screen 0 1280x800x24" "$tool" "$docs" "$1"
+    xvfb-run -a -s "-screen 0 1280x800x24" "$tool" "$docs/sample-texts" "$docs" "$1"
 }
 
 shoot "" 1

@@ -22,6 +22,10 @@ class CorpusSession {
   void Forget(EngineContext& ctx);
   // The last run was a corpus run that got its words.
   bool HasResults(const EngineContext& ctx) const { return run_ && ctx.run.blnWordsGot; }
+  // The counts of that run, or nullptr.
+  const CorpusCounts* Counts(const EngineContext& ctx) const {
+    return HasResults(ctx) ? &run_->Counts() : nullptr;
+  }
 
   // False with error set when the file cannot be written.
   bool SaveTable(const EngineContext& ctx, const std::string& path, std::string& error) const;

@@ -49,6 +49,39 @@ frequency, range (the number of files it occurs in) and its count in every file,
 files it was made from, without reading them again, so that <code>letters.counts</code> plus
 next month's letters give the words of both; it must have been made under the same settings.</p>
 
+<h3>Results table, charts and keywords</h3>
+<p>The output box holds at most 65000 characters, so the listing of a long text shows only its
+first part. The tabs beside <i>Words found</i> show the whole result of the last run.</p>
+<p><b>Results table</b>: every word in the list with its rank, frequency, share of the
+instances in the list and cumulative share, in percent. Click a column heading to sort by it,
+and again for the other direction. Type into the filter box to see only the words that contain
+those letters, or use <b>*</b> (any letters) and <b>?</b> (one letter) for a pattern such as
+<code>un*ly</code>; case is ignored. The number of words shown stands beside the box.
+<i>Copy</i> (or Ctrl+C) puts the selected rows on the clipboard as tab-separated text, ready to
+paste into a spreadsheet. <i>Export CSV...</i> saves the rows shown as a CSV file (UTF-8);
+<i>Export listing...</i> saves them as the output file is written, in the chosen format.
+After a corpus run (see above) the table also shows each word's range, the number of files it
+occurs in, and a column with its count in each file.</p>
+<p><b>Charts</b>: the 10, 20 or 50 most frequent words as bars (choose in <i>Bar
+chart</i>); rank against frequency on logarithmic axes, with the Zipf exponent fitted by least
+squares (the dashed line); and the coverage: the share of all instances that the top k words
+cover. <i>Save PNG...</i> and <i>Save SVG...</i> save the chart on show.</p>
+<p><b>Keywords</b>: compares the last run with a reference, to find the words the text uses
+unusually often or rarely. Type the reference's path or choose it with <i>File...</i> (a text
+file, a docx file or a count file) or <i>Folder...</i> (every text in it), choose the cut-off
+and press <i>Compare</i>. The reference is counted with the current settings, so both word lists
+pass the same filters. For each word the table gives its frequency in the text and in the
+reference, the log-likelihood (G&sup2;), which tells how sure the difference is, and the log
+ratio, which tells how large it is (1 means twice as frequent, -1 half as frequent; a word
+missing from one side counts as half an occurrence there). <i>over</i> means more frequent in
+the text, <i>under</i> less. Only words whose G&sup2; reaches the cut-off are listed, by falling
+G&sup2;: p &lt; 0.05 needs 3.84, p &lt; 0.01 6.63, p &lt; 0.001 10.83 and p &lt; 0.0001 15.13.
+With <b>Bonferroni correction</b> the p is divided by the number of words compared, which asks
+for a larger G&sup2;. The table has the same filter, copy and export as the results table.</p>
+<p>On the command line, <code>--reference PATH... --keywords FILE.csv</code> writes the keywords
+to a CSV file; <code>--keyword-cutoff 3.84|6.63|10.83|15.13</code> and
+<code>--bonferroni</code> choose the cut-off.</p>
+
 <h3>Settings</h3>
 <p>Open <i>Options &gt; Settings...</i> to decide what counts as a word:</p>
 <ul>
@@ -111,7 +144,8 @@ be warned first). Before counting starts the output file is checked: it cannot b
 file or the common-words file in use, under any name, and it must be an ordinary file or not
 exist yet; a folder, a pipe, a device or a link to a missing file is refused with a message and
 left as it is. If the disk fills up while the list is written, you are told so. A large input file asks whether you wish to name an output file, because the
-output box holds at most 65000 characters.</p>
+output box holds at most 65000 characters; the Results table holds the whole list in any
+case.</p>
 <p><b>Opening the output file in a spreadsheet:</b> the file begins with a note saying how to
 open it. State that the file is delimited by spaces (or by commas when <i>Include commas in
 output file</i> is ticked), set the file origin to Windows (ANSI) and the text qualifier to the

@@ -36,7 +36,9 @@
 #include "ui/corpus_list.h"
 #include "ui/help_window.h"
 #include "ui/language_window.h"
+#include "ui/corpus_columns.h"
 #include "ui/qt_text.h"
+#include "ui/results_views.h"
 #include "ui/settings_persistence.h"
 #include "ui/settings_window.h"
 
@@ -97,6 +99,7 @@ MainWindow::MainWindow(QString stateFile, QWidget* parent)
   statusBar()->addWidget(lblStatus_, 1);
 
   CreateHost();
+  BuildResultsViews();
   settingsWindow_ = new SettingsWindow(settings_, *host_, this);
   languageWindow_ = new LanguageWindow(settings_, this);
   helpWindow_ = new HelpWindow(this);
@@ -197,6 +200,7 @@ QWidget* MainWindow::BuildListingBox() {
 
 QWidget* MainWindow::BuildTextPanes() {
   auto* splitter = new QSplitter(Qt::Horizontal, this);
+  textPanes_ = splitter;
 
   auto* pastePane = new QWidget(splitter);
   auto* pasteLayout = new QVBoxLayout(pastePane);
@@ -218,7 +222,8 @@ QWidget* MainWindow::BuildTextPanes() {
   pasteLayout->addWidget(lblSizeOfClipboardContents_);
   runSensitiveWidgets_ << txbPasted_ << cmdPaste_ << cmdCopyToClipboard_;
 
-  auto* outputPane = new QWidget(splitter);
+  auto* outputPane = new QWidget(this);  // moves into the results views
+  outputPane_ = outputPane;
   auto* outputLayout = new QVBoxLayout(outputPane);
   outputLayout->setContentsMargins(0, 0, 0, 0);
   outputLayout->addWidget(new QLabel(tr("Words found:"), outputPane));
@@ -235,12 +240,16 @@ QWidget* MainWindow::BuildTextPanes() {
   txbOutput_->setFont(outputFont);
   txbOutput_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   outputLayout->addWidget(txbOutput_, 1);
-
   splitter->addWidget(pastePane);
-  splitter->addWidget(outputPane);
-  splitter->setStretchFactor(0, 1);
-  splitter->setStretchFactor(1, 2);
   return splitter;
+}
+
+// The output box becomes the first tab of the results views, which need the engine context.
+void MainWindow::BuildResultsViews() {
+  resultsViews_ = new ResultsViews(*ctx_, outputPane_, textPanes_);
+  textPanes_->addWidget(resultsViews_);
+  textPanes_->setStretchFactor(0, 1);
+  textPanes_->setStretchFactor(1, 2);
 }
 
 QWidget* MainWindow::BuildProgressBox() {
@@ -434,11 +443,14 @@ void MainWindow::OnCountClicked() {
     corpus_.Forget(*ctx_);
     RunEngineCommand([this] { DoIt(*ctx_); });
   }
+  const CorpusCounts* counts = corpus_.Counts(*ctx_);
+  resultsViews_->ShowRun(counts != nullptr ? PerFileCountsOf(*counts) : PerFileCounts{});
 }
 
 void MainWindow::RunEngineCommand(const std::function<void()>& command) {
   running_ = true;
   UpdateEnabledState();
+  resultsViews_->Clear();  // a command may reset or refill the store the views read
   command();
   host_->FlushOutput();  // the box shows the command's last words before anyone looks
   running_ = false;

@@ -19,12 +19,14 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QSplitter;
 
 namespace wordtally::ui {
 
 class CorpusList;
 class HelpWindow;
 class LanguageWindow;
+class ResultsViews;
 class SettingsWindow;
 
 class MainWindow : public QMainWindow {
@@ -51,6 +53,7 @@ class MainWindow : public QMainWindow {
   EngineContext& context() { return *ctx_; }
   SettingsWindow& settingsWindow() { return *settingsWindow_; }
   LanguageWindow& languageWindow() { return *languageWindow_; }
+  ResultsViews& resultsViews() { return *resultsViews_; }
   bool RunInProgress() const { return running_; }
 
   // The controls show the record again (after the engine or a loaded file changed it).
@@ -68,6 +71,7 @@ class MainWindow : public QMainWindow {
   QWidget* BuildSourceBox();
   QWidget* BuildListingBox();
   QWidget* BuildTextPanes();
+  void BuildResultsViews();
   QWidget* BuildProgressBox();
   QWidget* BuildStatisticsBox();
   void BuildMenus();
@@ -122,6 +126,9 @@ class MainWindow : public QMainWindow {
   QPushButton* cmdCopyToClipboard_ = nullptr;
   QLabel* lblSizeOfClipboardContents_ = nullptr;
   QPlainTextEdit* txbOutput_ = nullptr;
+  QSplitter* textPanes_ = nullptr;
+  QWidget* outputPane_ = nullptr;
+  ResultsViews* resultsViews_ = nullptr;
   QLabel* lblStatus_ = nullptr;
   std::map<Control, QLabel*> labels_;
   QList<QWidget*> runSensitiveWidgets_;

@@ -264,6 +264,30 @@ TEST(Wordtally, ModernTextReadsUtf8WithoutMarksAndTypographicStandardInput) {
             "Word (longest has 3 characters)\nend\nnot\nthe\n");
 }
 
+// Keywords of the "mixed" file (17 instances: the 4, café 3, über 2, eight words once) against a
+// reference of "the" 16 times. the: E1 = 17 * 20/33 = 10.30303, E2 = 9.69697, G2 = 2 (4 ln 0.388235
+// + 16 ln 1.65) = 8.46, log2((4/17) / (16/16)) = -2.09. café: E1 = 17 * 3/33 = 1.545455, G2 = 6 ln
+// 1.941176 = 3.98, log2((3/17) / (0.5/16)) = 2.50. über: G2 = 4 ln 1.941176 = 2.65, cut at 3.84.
+TEST(Wordtally, KeywordsAgainstAReferenceWorkedOutByHand) {
+  const TemporaryFolder folder;
+  const std::string reference = folder.Path() + "/reference.txt", csv = folder.Path() + "/k.csv";
+  std::string text;
+  for (int i = 0; i < 16; ++i) text += "the\r\n";
+  std::ofstream(reference, std::ios::binary) << text;
+  const std::string header =
+      "\xEF\xBB\xBFRank,Word,Frequency,Reference frequency,Log-likelihood,Log ratio\r\n";
+  const std::pair<const char*, std::string> cases[] = {
+      {"3.84", header + "1,the,4,16,8.46,-2.09\r\n2,caf\xC3\xA9,3,0,3.98,2.50\r\n"},
+      {"6.63", header + "1,the,4,16,8.46,-2.09\r\n"}};
+  for (const auto& [cutoff, expected] : cases) {
+    const ProgramOutcome run = RunWordtally({"mixed_ansi_crlf.txt", "--reference", reference,
+                                             "--keywords", csv, "--keyword-cutoff", cutoff});
+    EXPECT_EQ(run.exitStatus, 0) << run.err;
+    EXPECT_EQ(ReadFile(csv), expected) << cutoff;
+  }
+  EXPECT_EQ(RunWordtally({"mixed_ansi_crlf.txt", "--keywords", csv}).exitStatus, 2);
+}
+
 }  // namespace
 }  // namespace wordtally::testing
 

@@ -136,7 +136,8 @@ TEST_F(EngineTest, WholeRunsShowTheirMessagesAndListingAndWriteTheOutputFile) {
       {count(many, 0, list),
        refused(texts::kErrorReportTitle,
                "The list is too long to be shown in full in the text window,\r\nwhich shows only "
-               "its first part.\r\n\r\nThe whole list is in the output file\r\n" + list +
+               "its first part.\r\n\r\nThe whole list is in the Results table\r\nand in the output "
+               "file\r\n" + list +
                "\r\n(ListWordsAlphabetically A)"),
        AllOf(StartsWith(Listing(5, {{1, "kaaaa"}})), SizeIs(Le(65000u))), true,
        Listing(5, manyWords)},
