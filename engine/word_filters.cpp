@@ -124,7 +124,7 @@ void CopyStoreToCommonWords(EngineContext& ctx) {
   std::vector<AnsiString>& words = ctx.commonWords.words;
   words.clear();
   words.reserve(records.size());
-  for (size_t i = 1; i < records.size(); ++i) words.push_back(records[i].Word);
+  for (size_t i = 1; i < records.size(); ++i) words.emplace_back(records[i].Word);
 }
 
 AnsiString CommonWordsLoadedText(int32_t count, const std::string& path) {
