@@ -34,10 +34,14 @@ void ShowWordCount(EngineContext& ctx, int32_t numWords) {
 }  // namespace
 
 void AddWordToList(EngineContext& ctx, std::string_view word) {
+  AddWordToList(ctx, word, WordHashOf(word));
+}
+
+void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash) {
   if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
   const bool firstWord = ctx.store.lngNumWords() == 0;
   bool isNew;
-  const int32_t id = ctx.store.CountWord(word, isNew);
+  const int32_t id = ctx.store.CountWord(word, hash, isNew);
   if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
   if (!isNew) return;
   if (firstWord) {

@@ -14,5 +14,7 @@ inline constexpr std::string_view kSuppressionNotice =
 // Counts one occurrence of word. A word longer than intMaxPermittedWordLength is dropped in
 // silence. Throws RunError 6 on overflow.
 void AddWordToList(EngineContext& ctx, std::string_view word);
+// The same with the word's hash already made (WordHashOf(word)).
+void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash);
 
 }  // namespace wordtally

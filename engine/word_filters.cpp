@@ -151,6 +151,10 @@ bool BinarySearchStrings(std::string_view key, const std::vector<AnsiString>& li
 }
 
 void GetWords2(EngineContext& ctx, std::string_view word) {
+  GetWords2(ctx, word, WordHashOf(word));
+}
+
+void GetWords2(EngineContext& ctx, std::string_view word, uint64_t hash) {
   const CountingSettings& settings = ctx.settings;
   if (settings.chkOnly7bitASCII == 1 && !Is7BitASCII(word)) {
     Increment(ctx.run.lngNumWordsIgnored);
@@ -165,7 +169,7 @@ void GetWords2(EngineContext& ctx, std::string_view word) {
     }
     if (ignoreCommonWords && IsCommonWord(ctx, lowered.Word())) return;
   }
-  if (!word.empty()) AddWordToList(ctx, word);
+  if (!word.empty()) AddWordToList(ctx, word, hash);
 }
 
 bool ReadCommonWords(EngineContext& ctx) {

@@ -14,6 +14,8 @@ struct EngineContext;
 // Counts the word through AddWordToList unless it is excluded. Instances excluded by the 7-bit
 // test or by the words to ignore are counted in ctx.run.lngNumWordsIgnored.
 void GetWords2(EngineContext& ctx, std::string_view word);
+// The same with the word's hash already made (WordHashOf(word)).
+void GetWords2(EngineContext& ctx, std::string_view word, uint64_t hash);
 
 // True when text is not empty and every character's code is below 128.
 bool Is7BitASCII(std::string_view text);
