@@ -9,6 +9,7 @@
 
 #include "cli/command_line.h"
 #include "cli/console_host.h"
+#include "cli/listing_spool.h"
 #include "engine/engine_context.h"
 #include "engine/program_texts.h"
 #include "engine/run_driver.h"
@@ -49,16 +50,20 @@ int Run(int argc, char** argv) {
     ctx.clipboardStream = &standardInput;
   }
   ctx.skipLineEndingChecks = true;
-  std::string listing;
+  ListingSpool listing;
   ctx.onListingLine = [&listing](std::string_view line) {
-    listing += ToTerminalText(line);
-    listing += '\n';
+    listing.Append(ToTerminalText(line));
+    listing.Append("\n");
   };
   txbWordsToIgnore_LostFocus(settings, host);
 
   DoIt(ctx);
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
-  std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
+  if (listing.Empty()) {
+    std::cout << ToTerminalText(host.OutputText()) + "\n";
+  } else {
+    listing.WriteTo(std::cout);
+  }
   if (options->stats) std::cout << host.StatisticsText();
   // The listing is printed all the same; the message has told why the file did not get it.
   return ctx.run.blnOutputFileMissed ? 1 : 0;
