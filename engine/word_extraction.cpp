@@ -383,7 +383,11 @@ void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash) {
     return;
   }
   Increment(ctx_.run.lngTotalNumOccurrences);
-  GetWords2(ctx_, word, hash);
+  if (NoExclusions(ctx_.settings)) {
+    AddWordToList(ctx_, word, hash);
+  } else {
+    GetWords2(ctx_, word, hash);
+  }
 }
 
 }  // namespace wordtally

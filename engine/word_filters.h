@@ -5,11 +5,19 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/counting_settings.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
 
 struct EngineContext;
+
+// True when no exclusion step is on, so that every word goes straight to AddWordToList. Inline:
+// the per-word path asks it.
+inline bool NoExclusions(const CountingSettings& settings) {
+  return settings.chkOnly7bitASCII != 1 && settings.strWordsToIgnore.empty() &&
+         settings.chkIgnoreCommonWords != 1;
+}
 
 // Counts the word through AddWordToList unless it is excluded. Instances excluded by the 7-bit
 // test or by the words to ignore are counted in ctx.run.lngNumWordsIgnored.

@@ -84,13 +84,6 @@ void WordStore::Reset() {
   upperBound_ = kGrowthStep;
 }
 
-// The byte-wise hash is mixed so that its top 32 bits, which choose the home slot, depend on
-// every byte.
-uint64_t WordStore::SlotOf(uint64_t hash, int32_t id) {
-  const uint64_t mixed = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15ull;
-  return (mixed & 0xFFFFFFFF00000000ull) | (static_cast<uint64_t>(id) + 1);
-}
-
 // An empty index of capacity slots (a power of two) holding the words counted so far.
 void WordStore::ResizeIndex(size_t capacity) {
   std::vector<uint64_t> old = std::move(slots_);
@@ -127,32 +120,9 @@ int32_t WordStore::CountWord(std::string_view word, bool& isNew, int32_t occurre
   return CountWord(word, WordHashOf(word), isNew, occurrences);
 }
 
-int32_t WordStore::CountWord(std::string_view word, uint64_t hash, bool& isNew,
-                             int32_t occurrences) {
-  if (state_ != State::Counting) ResumeCounting();
-  const uint64_t wanted = SlotOf(hash, -1);  // the hash bits, no id
-  const size_t mask = slots_.size() - 1;
-  size_t i = HomeOf(wanted);
-  for (uint64_t slot; (slot = slots_[i]) != 0; i = (i + 1) & mask) {
-    if ((slot ^ wanted) >> 32 != 0) continue;
-    const auto id = static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1);
-    Entry& entry = EntryOf(id);
-    if (entry.size == word.size() && std::memcmp(entry.text, word.data(), word.size()) == 0) {
-      Add(entry.frequency, occurrences);
-      isNew = false;
-      return id;
-    }
-  }
-  const int32_t id = AddWord(word, occurrences);
-  slots_[i] = wanted + static_cast<uint64_t>(id) + 1;
-  // At most three quarters full, so that probes stay short.
-  if (static_cast<size_t>(numWords_) * 4 > slots_.size() * 3) ResizeIndex(slots_.size() * 2);
-  isNew = true;
-  return id;
-}
-
-// Keeps a copy of a new word in the next entry; returns its id.
-int32_t WordStore::AddWord(std::string_view word, int32_t occurrences) {
+// Keeps a copy of the new word in the next entry and indexes it.
+int32_t WordStore::AddWord(std::string_view word, uint64_t wanted, size_t index,
+                           int32_t occurrences) {
   if (numWords_ == INT32_MAX) ThrowOverflow();
   if (numWords_ == upperBound_) upperBound_ += kGrowthStep;
   const int32_t id = numWords_;
@@ -162,6 +132,9 @@ int32_t WordStore::AddWord(std::string_view word, int32_t occurrences) {
   const std::string_view kept = words_.Keep(word);
   EntryOf(id) = Entry{kept.data(), static_cast<uint32_t>(kept.size()), occurrences};
   ++numWords_;
+  slots_[index] = wanted + static_cast<uint64_t>(id) + 1;
+  // At most three quarters full, so that probes stay short.
+  if (static_cast<size_t>(numWords_) * 4 > slots_.size() * 3) ResizeIndex(slots_.size() * 2);
   return id;
 }
 

@@ -7,12 +7,14 @@
 // distinct word costs its bytes, a 16-byte entry and about 8 to 16 bytes of index while counting,
 // and a 48-byte record once listed.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
 
 #include "engine/text_arena.h"
+#include "support/run_error.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
@@ -104,8 +106,26 @@ class WordStore {
   // 0 for the first distinct word counted since Reset(), 1 for the second, and so on, so that a
   // per-word table beside the store can be a plain array. isNew tells whether it was new.
   int32_t CountWord(std::string_view word, bool& isNew, int32_t occurrences = 1);
-  // The same with the word's hash already made (WordHashOf(word)).
-  int32_t CountWord(std::string_view word, uint64_t hash, bool& isNew, int32_t occurrences = 1);
+  // The same with the word's hash already made (WordHashOf(word)). Inline: a known word, the
+  // common case, costs one probe and one comparison on the per-word path.
+  int32_t CountWord(std::string_view word, uint64_t hash, bool& isNew, int32_t occurrences = 1) {
+    if (state_ != State::Counting) ResumeCounting();
+    const uint64_t wanted = SlotOf(hash, -1);  // the hash bits, no id
+    const size_t mask = slots_.size() - 1;
+    size_t i = HomeOf(wanted);
+    for (uint64_t slot; (slot = slots_[i]) != 0; i = (i + 1) & mask) {
+      if ((slot ^ wanted) >> 32 != 0) continue;
+      const auto id = static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1);
+      Entry& entry = EntryOf(id);
+      if (entry.size == word.size() && SameBytes(entry.text, word.data(), word.size())) {
+        Add(entry.frequency, occurrences);
+        isNew = false;
+        return id;
+      }
+    }
+    isNew = true;
+    return AddWord(word, wanted, i, occurrences);
+  }
 
   // Calls visit(word, frequency, id) for every word, in no particular order.
   template <typename Visit>
@@ -145,11 +165,31 @@ class WordStore {
 
   // A slot of the index: 32 bits of the word's mixed hash (which also give its home slot), and
   // below them the word's id + 1; 0 is an empty slot.
-  static uint64_t SlotOf(uint64_t hash, int32_t id);
+  static uint64_t SlotOf(uint64_t hash, int32_t id) {
+    const uint64_t mixed = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15ull;
+    return (mixed & 0xFFFFFFFF00000000ull) | (static_cast<uint64_t>(id) + 1);
+  }
+  // Words are short: from 4 to 16 bytes they are compared through two overlapping fixed-size
+  // loads each, without a library call.
+  template <typename Chunk>
+  static bool SameEnds(const char* a, const char* b, size_t size) {
+    Chunk x, y, u, v;
+    std::memcpy(&x, a, sizeof x);
+    std::memcpy(&y, b, sizeof y);
+    std::memcpy(&u, a + size - sizeof u, sizeof u);
+    std::memcpy(&v, b + size - sizeof v, sizeof v);
+    return ((x ^ y) | (u ^ v)) == 0;
+  }
+  static bool SameBytes(const char* a, const char* b, size_t size) {
+    if (size >= 8 && size <= 16) return SameEnds<uint64_t>(a, b, size);
+    if (size >= 4 && size < 8) return SameEnds<uint32_t>(a, b, size);
+    return std::memcmp(a, b, size) == 0;
+  }
   size_t HomeOf(uint64_t slot) const { return static_cast<size_t>(slot >> 32) >> homeShift_; }
   void ResizeIndex(size_t capacity);
   void RebuildIndex();
-  int32_t AddWord(std::string_view word, int32_t occurrences);
+  // Adds a new word, whose hash bits are wanted, in the empty slot at index; returns its id.
+  int32_t AddWord(std::string_view word, uint64_t wanted, size_t index, int32_t occurrences);
   void ResumeCounting();
   void BuildRecords() const;
 
