@@ -22,7 +22,7 @@ std::vector<WordFrequency> IncludedWords(std::span<const WordListEntry> WordList
   std::vector<WordFrequency> words;
   for (const int32_t index : IndexesByRank(WordList, stats)) {
     const WordListEntry& entry = WordList[static_cast<size_t>(index)];
-    words.push_back({entry.Word, entry.Frequency});
+    words.push_back({AnsiString(entry.Word), entry.Frequency});
   }
   return words;
 }

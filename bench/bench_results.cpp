@@ -37,13 +37,17 @@ const std::vector<WordListEntry>& CountedStore() {
     std::sort(words.begin(), words.end(), LessCodeUnits);
     words.erase(std::unique(words.begin(), words.end()), words.end());
     words.resize(kNumWords);
+    // The entries view the words and keys, which live as long as the program.
+    static std::vector<std::string> keys;
+    keys.reserve(kNumWords);
+    static std::vector<std::string> kept = std::move(words);
     std::vector<WordListEntry> list(1);
     list.reserve(kNumWords + 1);
     std::geometric_distribution<int32_t> rare(0.4);
-    for (std::string& w : words) {
+    for (const std::string& w : kept) {
       WordListEntry e;
-      e.SortKey = MakeSortKey(w);
-      e.Word = std::move(w);
+      e.SortKey = keys.emplace_back(MakeSortKey(w));
+      e.Word = w;
       e.Frequency = 1 + rare(random) + (random() % 1000 == 0 ? static_cast<int32_t>(random() % 100000) : 0);
       e.Included = true;
       list.push_back(std::move(e));

@@ -12,6 +12,7 @@
 #include "cli/console_host.h"
 #include "cli/corpus_outputs.h"
 #include "cli/keyword_report.h"
+#include "cli/listing_spool.h"
 #include "engine/engine_context.h"
 #include "engine/program_texts.h"
 #include "engine/run_driver.h"
@@ -67,17 +68,21 @@ int Run(int argc, char** argv) {
   }
   ctx.skipLineEndingChecks = true;
   ctx.threads = options->threads;
-  std::string listing;
+  ListingSpool listing;
   ctx.onListingLine = [&listing](std::string_view line) {
-    listing += ToTerminalText(line);
-    listing += '\n';
+    listing.Append(ToTerminalText(line));
+    listing.Append("\n");
   };
   txbWordsToIgnore_LostFocus(settings, host);
 
   DoIt(ctx);
   host.EndProgressLine();
   if (!ctx.run.blnWordsGot || host.ErrorReports() > 0) return 1;
-  std::cout << (listing.empty() ? ToTerminalText(host.OutputText()) + "\n" : listing);
+  if (listing.Empty()) {
+    std::cout << ToTerminalText(host.OutputText()) + "\n";
+  } else {
+    listing.WriteTo(std::cout);
+  }
   if (options->stats) std::cout << host.StatisticsText();
   // The listing is printed all the same; the messages have told what did not get into it, or
   // why the output file did not get it.

@@ -23,8 +23,6 @@ constexpr std::string_view kVowels =
     "\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE8\xE9\xEA\xEB\xEC\xED\xEE\xEF"
     "\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC"
     "Yy";
-constexpr std::string_view kContractionStems =
-    "aren couldn didn doesn hadn hasn isn shouldn wasn weren wouldn ";
 constexpr std::string_view kTrailingCharsRemoved = "-\"";
 
 using CharTable = std::array<bool, 256>;
@@ -37,13 +35,6 @@ constexpr CharTable MakeTable(std::string_view chars) {
 
 constexpr CharTable kIsCapital = MakeTable(kCapitalLetters);
 constexpr CharTable kIsVowel = MakeTable(kVowels);
-constexpr CharTable kPrecedesStemBlank = [] {
-  CharTable table{};
-  for (size_t i = 1; i < kContractionStems.size(); ++i) {
-    if (kContractionStems[i] == ' ') table[static_cast<unsigned char>(kContractionStems[i - 1])] = true;
-  }
-  return table;
-}();
 
 bool IsCapital(char c) { return kIsCapital[static_cast<unsigned char>(c)]; }
 
@@ -166,19 +157,14 @@ void EnglishPluralToSingular(AnsiString& word, bool caseSensitive) {
   }
 }
 
-bool IsContractionStem(std::string_view word) {
-  // Only a word whose last character comes just before a blank in the stems can match; that
-  // test alone settles almost every word.
-  if (!word.empty() && !kPrecedesStemBlank[LowerAnsiChar(static_cast<unsigned char>(word.back()))]) {
-    return false;
-  }
+bool detail::IsContractionStemSearched(std::string_view word) {
   // The lower-cased word and its blank fit in a small buffer whenever they can match at all.
-  std::array<char, kContractionStems.size()> probe;
+  std::array<char, detail::kContractionStems.size()> probe;
   if (word.size() >= probe.size()) return false;
   std::copy(word.begin(), word.end(), probe.begin());
   LowerAnsiInPlace(probe.data(), word.size());
   probe[word.size()] = ' ';
-  return kContractionStems.find(std::string_view(probe.data(), word.size() + 1)) != std::string_view::npos;
+  return detail::kContractionStems.find(std::string_view(probe.data(), word.size() + 1)) != std::string_view::npos;
 }
 
 bool HasNoVowel(std::string_view word) {

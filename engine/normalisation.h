@@ -2,6 +2,7 @@
 // Word normalisation: turns a candidate word cut from a line into the word that is counted
 // (entity tail cut, trailing "-" and '"' removed, English plural made singular, apostrophe
 // fragments and words without a vowel dropped). A dropped word comes out empty.
+#include <array>
 #include <string_view>
 
 #include "support/ansi_text.h"
@@ -40,9 +41,31 @@ bool ReplaceEnding(AnsiString& word, std::string_view ending, std::string_view r
 bool IsAllUpperCase(std::string_view text);
 // The English plural rules, in place: "cities" -> "city", "wishes" -> "wish", "trees" -> "tree".
 void EnglishPluralToSingular(AnsiString& word, bool caseSensitive);
+namespace detail {
+inline constexpr std::string_view kContractionStems =
+    "aren couldn didn doesn hadn hasn isn shouldn wasn weren wouldn ";
+// The characters that come just before a blank in the stems.
+inline constexpr std::array<bool, 256> kPrecedesStemBlank = [] {
+  std::array<bool, 256> table{};
+  for (size_t i = 1; i < kContractionStems.size(); ++i) {
+    if (kContractionStems[i] == ' ') table[static_cast<unsigned char>(kContractionStems[i - 1])] = true;
+  }
+  return table;
+}();
+bool IsContractionStemSearched(std::string_view word);
+}  // namespace detail
+
 // True when the lower-cased word and a blank occur in the stems of negative contractions
-// ("couldn", and so any ending of one such as "n" or "en").
-bool IsContractionStem(std::string_view word);
+// ("couldn", and so any ending of one such as "n" or "en"). Inline: only a word whose last
+// character comes just before a blank in the stems can match, and that test settles almost every
+// word on the per-word path.
+inline bool IsContractionStem(std::string_view word) {
+  if (!word.empty() &&
+      !detail::kPrecedesStemBlank[LowerAnsiChar(static_cast<unsigned char>(word.back()))]) {
+    return false;
+  }
+  return detail::IsContractionStemSearched(word);
+}
 // True when the word is empty or holds no vowel, "y" or "Y".
 bool HasNoVowel(std::string_view word);
 // Removes characters of chars from the end of the word while there are any.

@@ -44,9 +44,13 @@ void AnnounceNewWord(EngineContext& ctx, std::string_view word) {
 }
 
 void AddWordToList(EngineContext& ctx, std::string_view word) {
+  AddWordToList(ctx, word, WordHashOf(word));
+}
+
+void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash) {
   if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
   bool isNew;
-  const int32_t id = ctx.store.CountWord(word, isNew);
+  const int32_t id = ctx.store.CountWord(word, hash, isNew);
   if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
   if (isNew) AnnounceNewWord(ctx, word);
 }

@@ -14,6 +14,8 @@ inline constexpr std::string_view kSuppressionNotice =
 // Counts one occurrence of word. A word longer than intMaxPermittedWordLength is dropped in
 // silence. Throws RunError 6 on overflow.
 void AddWordToList(EngineContext& ctx, std::string_view word);
+// The same with the word's hash already made (WordHashOf(word)).
+void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash);
 
 // What a word new to the store shows, just after it was stored: the first word replaces the
 // output text, every tenth the word count, the others are echoed (up to the textbox's limit).

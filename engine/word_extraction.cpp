@@ -9,6 +9,7 @@
 #include "engine/normalisation.h"
 #include "engine/word_counting.h"
 #include "engine/word_filters.h"
+#include "engine/word_store.h"
 #include "input/character_entities.h"
 #include "support/ansi_text.h"
 #include "support/run_error.h"
@@ -63,6 +64,41 @@ CommentMarkerPairs UserCommentMarkers(const CountingSettings& settings) {
     ++markers.count;
   }
   return markers;
+}
+
+// What the quick lane learns of a byte as it reads a word, for the accept tests.
+enum ByteKind : unsigned char { kWordByte = 1, kVowelByte = 2, kNotNumeralByte = 4 };
+
+std::array<unsigned char, 256> MakeByteKinds(const WordCharTable& wordChars) {
+  std::array<unsigned char, 256> kinds{};
+  for (int b = 0; b < 256; ++b) {
+    const char c = static_cast<char>(b);
+    kinds[b] = static_cast<unsigned char>((wordChars[b] ? kWordByte : 0) |
+                                          (HasNoVowel({&c, 1}) ? 0 : kVowelByte) |
+                                          (kRomanNumeralLetters[b] ? 0 : kNotNumeralByte));
+  }
+  return kinds;
+}
+
+std::array<unsigned char, 256> MakeFold(bool foldCase) {
+  std::array<unsigned char, 256> fold{};
+  for (int b = 0; b < 256; ++b) {
+    fold[b] = foldCase ? LowerAnsiChar(static_cast<unsigned char>(b)) : static_cast<unsigned char>(b);
+  }
+  return fold;
+}
+
+// The accept tests and the apostrophe-fragment drop for a word that normalisation leaves as it
+// is, from what was learnt while it was read: its kinds, and whether any byte differs from the
+// first.
+bool PlainWordAccepted(std::string_view word, unsigned kinds, bool differs,
+                       const NormalizationOptions& options) {
+  if (word.size() < 3 || word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return false;
+  if (options.ignoreNoVowel && (kinds & kVowelByte) == 0) return false;
+  if (!differs) return false;  // one character repeated
+  // Only a word of numeral letters alone needs the full numeral test.
+  if ((kinds & kNotNumeralByte) == 0 && IsRomanNumeral(word, false)) return false;
+  return options.allowApostrophes || !IsContractionStem(word);
 }
 
 AnsiString WithoutChars(std::string_view text, std::string_view removed) {
@@ -239,6 +275,8 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
     commentStartChars_[static_cast<unsigned char>(markers_.start[i].front())] = true;
   }
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
+  byteKinds_ = MakeByteKinds(wordChars_);
+  fold_ = MakeFold(foldCase_);
   scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
@@ -252,6 +290,10 @@ void LineWalker::WalkLine() {
     if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
   }
   const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
+  // Entity tails and plurals rewrite words, and common words are read without the word tests:
+  // those take the full pipeline.
+  const bool plainLane =
+      !options.blnCharacterEntitiesPossible && !options.dropFinalS && !options.blnReadingWords;
   const int32_t length = static_cast<int32_t>(line.size());
   run.lngLP = 1;
   while (run.lngLP < length) {
@@ -263,7 +305,7 @@ void LineWalker::WalkLine() {
       c = static_cast<unsigned char>(line[run.lngLP - 1]);
     }
     if (startChars_[c]) {
-      TakeWord(options);
+      if (!plainLane || !TakePlainWord(options)) TakeWord(options);
       ctx_.GiveEventLoopATurn();
       if (run.blnStop) return;
       continue;
@@ -304,16 +346,48 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
   run.lngLP += length;
   const std::string_view word =
       NormalizeWord(std::string_view(start, static_cast<size_t>(length)), options, scratch_);
-  if (IsAcceptedWord(word)) CountAcceptedWord(word);
+  if (IsAcceptedWord(word)) CountAcceptedWord(word, WordHashOf(word));
 }
 
-void LineWalker::CountAcceptedWord(std::string_view word) {
+// Reads, folds and hashes the word in one pass. A word ending in a character that normalisation
+// strips is left to TakeWord, which folds it again to the same bytes.
+bool LineWalker::TakePlainWord(const NormalizationOptions& options) {
+  RunState& run = ctx_.run;
+  char* const start = run.strLine.data() + run.lngLP - 1;
+  const char* const limit =
+      start + std::min<size_t>(run.strLine.size() - static_cast<size_t>(run.lngLP - 1), kMaxWordCharRun);
+  const unsigned char first = fold_[static_cast<unsigned char>(*start)];
+  uint64_t hash = kWordHashSeed;
+  unsigned kinds = 0;
+  unsigned differs = 0;
+  char* end = start;
+  for (; end != limit; ++end) {
+    const unsigned char kind = byteKinds_[static_cast<unsigned char>(*end)];
+    if ((kind & kWordByte) == 0) break;
+    const unsigned char c = fold_[static_cast<unsigned char>(*end)];
+    *end = static_cast<char>(c);
+    hash = WordHashStep(hash, c);
+    kinds |= kind;
+    differs |= c ^ first;
+  }
+  const std::string_view word(start, static_cast<size_t>(end - start));
+  if (word.back() == '-' || word.back() == '"') return false;
+  run.lngLP += static_cast<int32_t>(word.size());
+  if (PlainWordAccepted(word, kinds, differs != 0, options)) CountAcceptedWord(word, hash);
+  return true;
+}
+
+void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash) {
   if (ctx_.run.blnReadingWords) {
-    AddWordToList(ctx_, word);
+    AddWordToList(ctx_, word, hash);
     return;
   }
   Increment(ctx_.run.lngTotalNumOccurrences);
-  GetWords2(ctx_, word);
+  if (NoExclusions(ctx_.settings)) {
+    AddWordToList(ctx_, word, hash);
+  } else {
+    GetWords2(ctx_, word, hash);
+  }
 }
 
 }  // namespace wordtally

@@ -69,12 +69,16 @@ class LineWalker {
   bool StepOverComments();
   // Takes the word at lngLP and counts it when it is accepted.
   void TakeWord(const NormalizationOptions& options);
-  void CountAcceptedWord(std::string_view word);
+  // The quick lane for a word that normalisation leaves as it is; false when it is not such a word.
+  bool TakePlainWord(const NormalizationOptions& options);
+  void CountAcceptedWord(std::string_view word, uint64_t hash);
 
   EngineContext& ctx_;
   WordCharTable wordChars_{};
   WordCharTable startChars_{};
   std::array<bool, 256> commentStartChars_{};
+  std::array<unsigned char, 256> byteKinds_{};  // what the quick lane learns of each byte
+  std::array<unsigned char, 256> fold_{};       // lower case, or each byte itself
   CommentMarkerPairs markers_;
   bool foldCase_ = false;
   AnsiString scratch_;  // the plural rules' rewritten word

@@ -124,7 +124,7 @@ void CopyStoreToCommonWords(EngineContext& ctx) {
   std::vector<AnsiString>& words = ctx.commonWords.words;
   words.clear();
   words.reserve(records.size());
-  for (size_t i = 1; i < records.size(); ++i) words.push_back(records[i].Word);
+  for (size_t i = 1; i < records.size(); ++i) words.emplace_back(records[i].Word);
 }
 
 AnsiString CommonWordsLoadedText(int32_t count, const std::string& path) {
@@ -151,6 +151,10 @@ bool BinarySearchStrings(std::string_view key, const std::vector<AnsiString>& li
 }
 
 void GetWords2(EngineContext& ctx, std::string_view word) {
+  GetWords2(ctx, word, WordHashOf(word));
+}
+
+void GetWords2(EngineContext& ctx, std::string_view word, uint64_t hash) {
   const CountingSettings& settings = ctx.settings;
   if (settings.chkOnly7bitASCII == 1 && !Is7BitASCII(word)) {
     Increment(ctx.run.lngNumWordsIgnored);
@@ -165,7 +169,7 @@ void GetWords2(EngineContext& ctx, std::string_view word) {
     }
     if (ignoreCommonWords && IsCommonWord(ctx, lowered.Word())) return;
   }
-  if (!word.empty()) AddWordToList(ctx, word);
+  if (!word.empty()) AddWordToList(ctx, word, hash);
 }
 
 bool ReadCommonWords(EngineContext& ctx) {

@@ -5,15 +5,25 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/counting_settings.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
 
 struct EngineContext;
 
+// True when no exclusion step is on, so that every word goes straight to AddWordToList. Inline:
+// the per-word path asks it.
+inline bool NoExclusions(const CountingSettings& settings) {
+  return settings.chkOnly7bitASCII != 1 && settings.strWordsToIgnore.empty() &&
+         settings.chkIgnoreCommonWords != 1;
+}
+
 // Counts the word through AddWordToList unless it is excluded. Instances excluded by the 7-bit
 // test or by the words to ignore are counted in ctx.run.lngNumWordsIgnored.
 void GetWords2(EngineContext& ctx, std::string_view word);
+// The same with the word's hash already made (WordHashOf(word)).
+void GetWords2(EngineContext& ctx, std::string_view word, uint64_t hash);
 
 // True when text is not empty and every character's code is below 128.
 bool Is7BitASCII(std::string_view text);

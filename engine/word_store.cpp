@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 #include "support/run_error.h"
@@ -37,116 +38,76 @@ std::array<std::string, 256> MakeSortKeyTable() {
   return table;
 }
 
+const std::array<std::string, 256>& SortKeyTable() {
+  static const std::array<std::string, 256> table = MakeSortKeyTable();
+  return table;
+}
+
+// The sort key of word as a view: the word itself when every byte keys as itself (plain small
+// letters, the common case), else a key kept in keys.
+std::string_view SortKeyView(std::string_view word, TextArena& keys) {
+  const auto& table = SortKeyTable();
+  const bool keysAsItself = std::all_of(word.begin(), word.end(), [&table](char c) {
+    const std::string& key = table[static_cast<unsigned char>(c)];
+    return key.size() == 1 && key[0] == c;
+  });
+  return keysAsItself ? word : keys.Keep(MakeSortKey(word));
+}
+
 }  // namespace
 
 AnsiString MakeSortKey(std::string_view word) {
-  static const std::array<std::string, 256> table = MakeSortKeyTable();
+  const auto& table = SortKeyTable();
   AnsiString key;
   key.reserve(word.size() + 2);
   for (char c : word) key += table[static_cast<unsigned char>(c)];
   return key;
 }
 
-namespace {
-
-uint64_t Load64(const char* p) {
-  uint64_t v;
-  std::memcpy(&v, p, 8);
-  return v;
-}
-
-uint32_t Load32(const char* p) {
-  uint32_t v;
-  std::memcpy(&v, p, 4);
-  return v;
-}
-
-// The last n < 8 bytes as one number, through overlapping fixed-size loads: given n, distinct
-// bytes give distinct numbers.
-uint64_t TailBytes(const char* p, size_t n) {
-  if (n >= 4) return (uint64_t{Load32(p)} << 32) | Load32(p + n - 4);
-  if (n == 0) return 0;
-  const auto byte = [p](size_t i) { return uint64_t{static_cast<unsigned char>(p[i])}; };
-  return (byte(0) << 16) | (byte(n / 2) << 8) | byte(n - 1);
-}
-
-}  // namespace
-
-// A fast hash for short words: eight bytes at a time, multiply and fold.
-size_t WordStore::WordHash::operator()(std::string_view s) const {
-  const char* p = s.data();
-  size_t n = s.size();
-  uint64_t h = 0x9E3779B97F4A7C15ull ^ n;
-  for (; n >= 8; p += 8, n -= 8) {
-    h = (h ^ Load64(p)) * 0xBF58476D1CE4E5B9ull;
-    h ^= h >> 29;
-  }
-  h = (h ^ TailBytes(p, n)) * 0x94D049BB133111EBull;
-  return h ^ (h >> 32);
-}
-
-// Short words, the common case, are compared through the same fixed-size loads as the hash.
-bool WordStore::WordEq::operator()(std::string_view a, std::string_view b) const {
-  if (a.size() != b.size()) return false;
-  size_t n = a.size();
-  const char* x = a.data();
-  const char* y = b.data();
-  for (; n >= 8; x += 8, y += 8, n -= 8) {
-    if (Load64(x) != Load64(y)) return false;
-  }
-  return TailBytes(x, n) == TailBytes(y, n);
+uint64_t WordHashOf(std::string_view word) {
+  uint64_t hash = kWordHashSeed;
+  for (char c : word) hash = WordHashStep(hash, static_cast<unsigned char>(c));
+  return hash;
 }
 
 WordStore::WordStore() { Reset(); }
 
 void WordStore::Reset() {
-  arena_.clear();
-  arenaNext_ = nullptr;
-  arenaLeft_ = 0;
-  counts_.clear();
+  words_.Clear();
+  pages_.clear();
+  numWords_ = 0;
+  slots_.clear();
+  ResizeIndex(1024);
+  sortKeys_.Clear();
   records_.assign(1, WordListEntry{});  // element 0 is never used
   state_ = State::Counting;
-  numWords_ = 0;
   upperBound_ = kGrowthStep;
 }
 
-WordStore::IndexedWord::IndexedWord(std::string_view inlineWord) {
-  std::memcpy(raw_, inlineWord.data(), inlineWord.size());
-  raw_[kInlineSize] = static_cast<char>(inlineWord.size());
-}
-
-WordStore::IndexedWord::IndexedWord(const char* arenaWord, size_t size) {
-  const auto size32 = static_cast<uint32_t>(size);
-  std::memcpy(raw_, &arenaWord, sizeof arenaWord);
-  std::memcpy(raw_ + sizeof arenaWord, &size32, sizeof size32);
-  raw_[kInlineSize] = static_cast<char>(kInArena);
-}
-
-std::string_view WordStore::IndexedWord::View() const {
-  const auto inlineSize = static_cast<unsigned char>(raw_[kInlineSize]);
-  if (inlineSize != kInArena) return {raw_, inlineSize};
-  const char* data;
-  uint32_t size;
-  std::memcpy(&data, raw_, sizeof data);
-  std::memcpy(&size, raw_ + sizeof data, sizeof size);
-  return {data, size};
-}
-
-// A short word is kept in its key; a longer one is copied into the arena, whose blocks never
-// move, so that the key can point into it.
-WordStore::IndexedWord WordStore::Keep(std::string_view word) {
-  constexpr size_t kBlock = 64 * 1024;
-  if (word.size() <= IndexedWord::kInlineSize) return IndexedWord(word);
-  if (word.size() > arenaLeft_) {
-    arenaLeft_ = std::max(kBlock, word.size());
-    arena_.push_back(std::make_unique<char[]>(arenaLeft_));
-    arenaNext_ = arena_.back().get();
+// An empty index of capacity slots (a power of two) holding the words counted so far.
+void WordStore::ResizeIndex(size_t capacity) {
+  std::vector<uint64_t> old = std::move(slots_);
+  slots_.assign(capacity, 0);
+  homeShift_ = 32 - std::countr_zero(capacity);
+  const size_t mask = capacity - 1;
+  for (uint64_t slot : old) {
+    if (slot == 0) continue;
+    size_t i = HomeOf(slot);
+    while (slots_[i] != 0) i = (i + 1) & mask;
+    slots_[i] = slot;
   }
-  char* kept = arenaNext_;
-  std::memcpy(kept, word.data(), word.size());
-  arenaNext_ += word.size();
-  arenaLeft_ -= word.size();
-  return IndexedWord(kept, word.size());
+}
+
+void WordStore::RebuildIndex() {
+  slots_.clear();
+  ResizeIndex(std::bit_ceil(std::max<size_t>(1024, (static_cast<size_t>(numWords_) * 4 + 2) / 3)));
+  const size_t mask = slots_.size() - 1;
+  ForEachWord([&](std::string_view word, int32_t, int32_t id) {
+    const uint64_t slot = SlotOf(WordHashOf(word), id);
+    size_t i = HomeOf(slot);
+    while (slots_[i] != 0) i = (i + 1) & mask;
+    slots_[i] = slot;
+  });
 }
 
 bool WordStore::Count(std::string_view word) {
@@ -156,48 +117,62 @@ bool WordStore::Count(std::string_view word) {
 }
 
 int32_t WordStore::CountWord(std::string_view word, bool& isNew, int32_t occurrences) {
-  if (state_ == State::HandedOut) CountAgainFromRecords();
-  state_ = State::Counting;
-  if (const auto it = counts_.find(word); it != counts_.end()) {
-    Add(it->second.frequency, occurrences);
-    isNew = false;
-    return it->second.id;
-  }
+  return CountWord(word, WordHashOf(word), isNew, occurrences);
+}
+
+// Keeps a copy of the new word in the next entry and indexes it.
+int32_t WordStore::AddWord(std::string_view word, uint64_t wanted, size_t index,
+                           int32_t occurrences) {
   if (numWords_ == INT32_MAX) ThrowOverflow();
   if (numWords_ == upperBound_) upperBound_ += kGrowthStep;
   const int32_t id = numWords_;
-  counts_.emplace(Keep(word), Slot{occurrences, id});
+  if ((id & ((1 << kPageBits) - 1)) == 0) {
+    pages_.push_back(std::make_unique_for_overwrite<Entry[]>(size_t{1} << kPageBits));
+  }
+  const std::string_view kept = words_.Keep(word);
+  EntryOf(id) = Entry{kept.data(), static_cast<uint32_t>(kept.size()), occurrences};
   ++numWords_;
-  isNew = true;
+  slots_[index] = wanted + static_cast<uint64_t>(id) + 1;
+  // At most three quarters full, so that probes stay short.
+  if (static_cast<size_t>(numWords_) * 4 > slots_.size() * 3) ResizeIndex(slots_.size() * 2);
   return id;
 }
 
-// The records, from the index, in ascending binary order of the words.
+// Counting goes on after a read of the records: the index comes back, and the records handed
+// out may have been changed, so the counts go on from what they say.
+void WordStore::ResumeCounting() {
+  const bool handedOut = state_ == State::HandedOut;
+  state_ = State::Counting;
+  if (!handedOut) return;
+  RebuildIndex();
+  for (auto it = records_.begin() + 1; it != records_.end(); ++it) {
+    bool isNew;
+    EntryOf(CountWord(it->Word, isNew, 0)).frequency = it->Frequency;
+  }
+}
+
+// The records, from the entries, in ascending binary order of the words.
 void WordStore::BuildRecords() const {
   records_.resize(1);
-  records_.reserve(counts_.size() + 1);
-  for (const auto& [key, slot] : counts_) {
-    const std::string_view word = key.View();
-    WordListEntry& entry = records_.emplace_back();
-    entry.Word = word;
-    entry.SortKey = MakeSortKey(word);
-    entry.Frequency = slot.frequency;
-    entry.Included = true;
-  }
+  records_.shrink_to_fit();
+  records_.reserve(static_cast<size_t>(numWords_) + 1);
+  sortKeys_.Clear();
+  ForEachWord([this](std::string_view word, int32_t frequency, int32_t) {
+    records_.push_back({word, SortKeyView(word, sortKeys_), frequency, 0, 0, true});
+  });
   std::sort(records_.begin() + 1, records_.end(), [](const WordListEntry& a, const WordListEntry& b) {
     return LessCodeUnits(a.Word, b.Word);
   });
 }
 
-// The records handed out may have been changed: counting goes on from what they say.
-void WordStore::CountAgainFromRecords() {
-  for (auto it = records_.begin() + 1; it != records_.end(); ++it) {
-    counts_.find(std::string_view(it->Word))->second.frequency = it->Frequency;
-  }
-}
-
+// The listing takes the records over: the index is given back first, so that it and the records
+// are never held at once.
 std::span<WordListEntry> WordStore::WordList() {
-  if (state_ == State::Counting) BuildRecords();
+  if (state_ == State::Counting) {
+    slots_.clear();
+    slots_.shrink_to_fit();
+    BuildRecords();
+  }
   state_ = State::HandedOut;
   return records_;
 }
@@ -213,7 +188,7 @@ std::span<const WordListEntry> WordStore::WordList() const {
 bool WordStore::FindWordInList(std::string_view key, int32_t& position) const {
   const auto list = WordList();
   return BinarySearchSorted(
-      key, [&list](int32_t i) { return std::string_view(list[i].Word); }, lngNumWords(), position);
+      key, [&list](int32_t i) { return list[i].Word; }, lngNumWords(), position);
 }
 
 }  // namespace wordtally

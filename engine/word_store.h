@@ -3,27 +3,40 @@
 //
 // Records are read as WordList[1..lngNumWords] in ascending binary (code-unit) order of Word,
 // element 0 unused. Counting does not keep that order as it goes: a hash index finds a known word
-// in O(1) and a new word costs no shift; the sorted records are produced when they are read.
+// in O(1) and a new word costs no shift; the sorted records are produced when they are read. Each
+// distinct word costs its bytes, a 16-byte entry and about 8 to 16 bytes of index while counting,
+// and a 48-byte record once listed.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
 
-#include <absl/container/flat_hash_map.h>
-
+#include "engine/text_arena.h"
+#include "support/run_error.h"
 #include "support/ansi_text.h"
 
 namespace wordtally {
 
+// One record of the listing. The texts are views of the store's own copies, valid until the
+// store is reset.
 struct WordListEntry {
-  AnsiString Word;
-  AnsiString SortKey;
+  std::string_view Word;
+  std::string_view SortKey;
   int32_t Frequency = 0;
   int32_t FreqOrder = 0;
   int32_t NextByFreq = 0;
   bool Included = false;
 };
+
+// The store's hash of a word, made one byte at a time so that a scanner can make it while it reads
+// the word: start from kWordHashSeed and take each byte in with WordHashStep.
+inline constexpr uint64_t kWordHashSeed = 0xCBF29CE484222325ull;
+[[gnu::always_inline]] inline uint64_t WordHashStep(uint64_t hash, unsigned char byte) {
+  return (hash ^ byte) * 0x100000001B3ull;
+}
+uint64_t WordHashOf(std::string_view word);
 
 // The key for the alphabetical listing: "Œ Ä Æ Ö Ü ä æ ö ü ß" transliterated to two letters,
 // accents folded, then lower-cased. "Straße" -> "strasse", "Élan" -> "elan".
@@ -93,11 +106,34 @@ class WordStore {
   // 0 for the first distinct word counted since Reset(), 1 for the second, and so on, so that a
   // per-word table beside the store can be a plain array. isNew tells whether it was new.
   int32_t CountWord(std::string_view word, bool& isNew, int32_t occurrences = 1);
+  // The same with the word's hash already made (WordHashOf(word)). Inline: a known word, the
+  // common case, costs one probe and one comparison on the per-word path.
+  int32_t CountWord(std::string_view word, uint64_t hash, bool& isNew, int32_t occurrences = 1) {
+    if (state_ != State::Counting) ResumeCounting();
+    const uint64_t wanted = SlotOf(hash, -1);  // the hash bits, no id
+    const size_t mask = slots_.size() - 1;
+    size_t i = HomeOf(wanted);
+    for (uint64_t slot; (slot = slots_[i]) != 0; i = (i + 1) & mask) {
+      if ((slot ^ wanted) >> 32 != 0) continue;
+      const auto id = static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1);
+      Entry& entry = EntryOf(id);
+      if (entry.size == word.size() && SameBytes(entry.text, word.data(), word.size())) {
+        Add(entry.frequency, occurrences);
+        isNew = false;
+        return id;
+      }
+    }
+    isNew = true;
+    return AddWord(word, wanted, i, occurrences);
+  }
 
   // Calls visit(word, frequency, id) for every word, in no particular order.
   template <typename Visit>
   void ForEachWord(Visit visit) const {
-    for (const auto& [key, slot] : counts_) visit(key.View(), slot.frequency, slot.id);
+    for (int32_t id = 0; id < numWords_; ++id) {
+      const Entry& entry = EntryOf(id);
+      visit(std::string_view(entry.text, entry.size), entry.frequency, id);
+    }
   }
 
   // The records in ascending binary order of Word, element 0 unused. The mutable view may be
@@ -110,52 +146,58 @@ class WordStore {
   bool FindWordInList(std::string_view key, int32_t& position) const;
 
  private:
-  // While counting, the words and their counts live in the hash index: a known word costs one
-  // probe into a compact table. The records are built when they are read.
+  // While counting, the words and their counts live in per-id entries found through an
+  // open-addressing index; the sorted records are built when they are read, and the index is
+  // given back meanwhile (it is rebuilt if counting goes on).
   enum class State { Counting, Listed, HandedOut };
 
-  // A word as the index holds it: up to 15 bytes inside the key itself, so that finding a known
-  // word reads nothing outside the table; a longer word lives in the arena and the key points
-  // there. The last byte is the inline length, or kInArena.
-  class IndexedWord {
-   public:
-    static constexpr size_t kInlineSize = 15;
-    explicit IndexedWord(std::string_view inlineWord);
-    IndexedWord(const char* arenaWord, size_t size);
-    std::string_view View() const;
-
-   private:
-    static constexpr unsigned char kInArena = 0xFF;
-    char raw_[kInlineSize + 1];
-  };
-
-  struct WordHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view s) const;
-    size_t operator()(const IndexedWord& w) const { return (*this)(w.View()); }
-  };
-  struct WordEq {
-    using is_transparent = void;
-    bool operator()(std::string_view a, std::string_view b) const;
-    bool operator()(const IndexedWord& a, std::string_view b) const { return (*this)(a.View(), b); }
-    bool operator()(std::string_view a, const IndexedWord& b) const { return (*this)(a, b.View()); }
-    bool operator()(const IndexedWord& a, const IndexedWord& b) const {
-      return (*this)(a.View(), b.View());
-    }
-  };
-
-  IndexedWord Keep(std::string_view word);
-  void BuildRecords() const;
-  void CountAgainFromRecords();
-
-  std::vector<std::unique_ptr<char[]>> arena_;
-  char* arenaNext_ = nullptr;
-  size_t arenaLeft_ = 0;
-  struct Slot {
+  struct Entry {
+    const char* text;
+    uint32_t size;
     int32_t frequency;
-    int32_t id;
   };
-  absl::flat_hash_map<IndexedWord, Slot, WordHash, WordEq> counts_;
+  // Entries sit in pages that never move, so that growing costs no copy of the entries.
+  static constexpr int kPageBits = 16;
+  Entry& EntryOf(int32_t id) { return pages_[id >> kPageBits][id & ((1 << kPageBits) - 1)]; }
+  const Entry& EntryOf(int32_t id) const {
+    return pages_[id >> kPageBits][id & ((1 << kPageBits) - 1)];
+  }
+
+  // A slot of the index: 32 bits of the word's mixed hash (which also give its home slot), and
+  // below them the word's id + 1; 0 is an empty slot.
+  static uint64_t SlotOf(uint64_t hash, int32_t id) {
+    const uint64_t mixed = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15ull;
+    return (mixed & 0xFFFFFFFF00000000ull) | (static_cast<uint64_t>(id) + 1);
+  }
+  // Words are short: from 4 to 16 bytes they are compared through two overlapping fixed-size
+  // loads each, without a library call.
+  template <typename Chunk>
+  static bool SameEnds(const char* a, const char* b, size_t size) {
+    Chunk x, y, u, v;
+    std::memcpy(&x, a, sizeof x);
+    std::memcpy(&y, b, sizeof y);
+    std::memcpy(&u, a + size - sizeof u, sizeof u);
+    std::memcpy(&v, b + size - sizeof v, sizeof v);
+    return ((x ^ y) | (u ^ v)) == 0;
+  }
+  static bool SameBytes(const char* a, const char* b, size_t size) {
+    if (size >= 8 && size <= 16) return SameEnds<uint64_t>(a, b, size);
+    if (size >= 4 && size < 8) return SameEnds<uint32_t>(a, b, size);
+    return std::memcmp(a, b, size) == 0;
+  }
+  size_t HomeOf(uint64_t slot) const { return static_cast<size_t>(slot >> 32) >> homeShift_; }
+  void ResizeIndex(size_t capacity);
+  void RebuildIndex();
+  // Adds a new word, whose hash bits are wanted, in the empty slot at index; returns its id.
+  int32_t AddWord(std::string_view word, uint64_t wanted, size_t index, int32_t occurrences);
+  void ResumeCounting();
+  void BuildRecords() const;
+
+  TextArena words_;
+  std::vector<std::unique_ptr<Entry[]>> pages_;
+  std::vector<uint64_t> slots_;
+  int homeShift_ = 0;
+  mutable TextArena sortKeys_;
   mutable std::vector<WordListEntry> records_;
   mutable State state_ = State::Counting;
   int32_t numWords_ = 0;

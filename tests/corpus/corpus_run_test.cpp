@@ -35,7 +35,7 @@ struct CorpusRunTest : ::testing::Test {
   WordCounts Listed() const {
     WordCounts counts;
     const auto list = ctx.store.WordList();
-    for (size_t i = 1; i < list.size(); ++i) counts[list[i].Word] = list[i].Frequency;
+    for (size_t i = 1; i < list.size(); ++i) counts[std::string(list[i].Word)] = list[i].Frequency;
     return counts;
   }
 

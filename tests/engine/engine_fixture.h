@@ -69,7 +69,8 @@ inline std::string Stored(const WordStore& store) {
   const auto records = store.WordList();
   for (int32_t i = 1; i <= store.lngNumWords(); ++i) {
     const int32_t n = records[i].Frequency;
-    stored += (i > 1 ? " " : "") + records[i].Word + (n > 1 ? ":" + std::to_string(n) : "");
+    stored.append(i > 1 ? " " : "").append(records[i].Word);
+    if (n > 1) stored += ":" + std::to_string(n);
   }
   return stored;
 }

@@ -71,7 +71,7 @@ TEST_F(HostileInputTest, TwoGibibyteLineGivesItsWordsAndItsCommentGoesOn) {
   host.answers = {Answer::No};  // no output file for the large input
   CountFile(path);
   std::string got;
-  for (const auto& e : ctx.store.WordList().subspan(1)) got += e.Word + std::to_string(e.Frequency);
+  for (const auto& e : ctx.store.WordList().subspan(1)) got.append(e.Word) += std::to_string(e.Frequency);
   EXPECT_EQ(got, "alpha2000beta2000gamma1");
 }
 

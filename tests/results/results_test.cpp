@@ -1,6 +1,7 @@
 // The results: ordering the word store, the listing lines, the listing walks and the output file.
 #include <array>
 #include <cstdio>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -72,10 +73,13 @@ class ResultsTest : public ::testing::Test {
 
   // Element 0 unused. Ranks, links and Included hold stale values that the ordering steps must
   // replace.
+  // The entries view their texts, which are kept here for the whole test program.
   static std::vector<WordListEntry> MakeStore(const std::vector<TestWord>& words) {
+    static std::deque<AnsiString> texts;
     std::vector<WordListEntry> entries(1);
     for (const TestWord& w : words) {
-      entries.push_back({w.word, MakeSortKey(w.word), w.frequency, -1, -1, false});
+      const AnsiString& word = texts.emplace_back(w.word);
+      entries.push_back({word, texts.emplace_back(MakeSortKey(w.word)), w.frequency, -1, -1, false});
     }
     return entries;
   }
@@ -114,7 +118,7 @@ class ResultsTest : public ::testing::Test {
 
 TEST_F(ResultsTest, QuickSortWordsOrdersByKeyAndLeavesEqualKeysWhereItsStepsPutThem) {
   const struct { std::vector<TestWord> words; int32_t lo, hi, intStartPos;
-                 std::vector<AnsiString> sorted; } cases[] = {
+                 std::vector<std::string_view> sorted; } cases[] = {
       // Equal keys: neither scan moves, so the two are exchanged.
       {{"Word", "word"}, 1, 2, 1, {"word", "Word"}},
       // First and last are exchanged, the middle one meets itself.
