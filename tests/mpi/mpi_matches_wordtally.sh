@@ -15,9 +15,10 @@ case $case in
     "$wordtally" --save-counts "$work/cli.counts" "$data/cli" >/dev/null || exit 1
     inputs=("$data/en_gutenberg_news_from_nowhere_ch13.htm" "$work/cli.counts"
             "$data/cli/mixed_ansi_crlf.txt" "$data/pl_pan_tadeusz_invocation_utf8_lf.txt") ;;
-  missing_input)  # a file that cannot be read, in the middle of the inputs: told once
-    inputs=("$data/cli/mixed_ansi_crlf.txt" "$data/cli/case_lf.txt" "$work/missing.txt"
-            "$data/cli/page_utf8.html" "$data/pl_pan_tadeusz_invocation_utf8_lf.txt") ;;
+  missing_input)  # files that cannot be read, first and last (ranks 0 and 2): each told once
+    inputs=("$work/missing1.txt" "$data/cli/mixed_ansi_crlf.txt" "$data/cli/case_lf.txt"
+            "$data/cli/page_utf8.html" "$data/pl_pan_tadeusz_invocation_utf8_lf.txt"
+            "$work/missing2.txt") ;;
   *) echo "unknown case $case"; exit 2 ;;
 esac
 
@@ -45,7 +46,9 @@ done
 grep -q "Files counted:" "$work/single.out" && [ -s "$work/single.csv" ] || failed=1
 if [ "$case" = missing_input ]; then
   [ "$(cat "$work/ranks.status")" = 1 ] || { echo "exit status not 1"; failed=1; }
-  [ "$(grep -c "^Fatal error: File .*missing.txt not found." "$work/ranks.err")" = 1 ] ||
-    { echo "the refusal is not told once"; failed=1; }
+  for missing in missing1 missing2; do
+    [ "$(grep -c "^Fatal error: File .*$missing.txt not found." "$work/ranks.err")" = 1 ] ||
+      { echo "the refusal of $missing.txt is not told once"; failed=1; }
+  done
 fi
 exit $failed
