@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev qt6-base-dev-tools libzip-dev zipcmp zipmerge ziptool libexpat1-dev
-  libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core
+  libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core openmpi-bin libopenmpi-dev
   clang libclang-rt-14-dev "$@")
 
 missing=()
