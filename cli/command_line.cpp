@@ -59,6 +59,10 @@ void AddOptions(CLI::App& app, CommandLineOptions& o) {
                "size, standard input refused only for real control characters");
   app.add_option("--settings", o.settingsFile, "Start from the settings saved in FILE.qzl")
       ->check(CLI::ExistingFile);
+  app.add_option("--threads", o.threads,
+                 "Count a large input file on N threads (default: one per core; 1: read it "
+                 "line after line on one thread, with the same result)")
+      ->check(CLI::PositiveNumber);
   app.add_flag("--stats", o.stats, "Print the statistics after the listing");
   app.add_flag("--verbose", o.verbose,
                "Also print the notices, and the questions answered without asking");

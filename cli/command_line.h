@@ -22,6 +22,7 @@ struct CommandLineOptions {
   std::string output;
   bool commas = false, utf8 = false, ansi = false, stats = false;
   bool modernText = false, verbose = false;
+  int threads = 0;  // 0: one per core
   std::string settingsFile;
 };
 

@@ -70,6 +70,7 @@ int RunCommandLine(const CommandLineOptions& options, CountingSettings& settings
     ctx.clipboardStream = &standardInput;
   }
   ctx.skipLineEndingChecks = true;
+  ctx.threads = options.threads;
   std::string listing;
   ctx.onListingLine = [&listing](std::string_view line) {
     listing += ToTerminalText(line);

@@ -46,6 +46,11 @@ struct EngineContext {
   std::function<bool(EngineContext&)> countCorpus;
   FileTally* fileTally = nullptr;
 
+  // A large input file is counted in pieces of about pieceBytes on this many worker threads
+  // (0: one per core; 1: the file is read on this thread alone, line after line).
+  int threads = 0;
+  int64_t pieceBytes = int64_t{4} << 20;
+
   // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
   // kTurnStride calls, and it decides by its clock whether a real turn is due.
   void GiveEventLoopATurn() {

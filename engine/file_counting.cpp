@@ -7,7 +7,10 @@
 #include <string>
 
 #include "engine/engine_context.h"
+#include "engine/piece_counting.h"
 #include "engine/program_texts.h"
+#include "engine/run_messages.h"
+#include "engine/progress.h"
 #include "engine/run_driver.h"
 #include "input/decoding.h"
 #include "input/docx_reader.h"
@@ -25,17 +28,6 @@ constexpr std::string_view kSameFile = "Output file cannot be the same as the in
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
 
-// The refusals of a file run are warnings.
-void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
-  Tell(ctx.host, title, text, MessageIcon::Exclamation);
-}
-
-Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
-           MessageButtons buttons) {
-  return ctx.host.ShowMessage(
-      {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
-}
-
 // The question of a file whose encoding and the UTF-8 box disagree: the chkUTF8 value chosen, or
 // nothing on Cancel. With answers, "Yes to all" / "No to all" are offered and kept per verdict.
 std::optional<int> AskEncoding(EngineContext& ctx, bool fileIsUtf8, EncodingAnswers* answers) {
@@ -43,7 +35,7 @@ std::optional<int> AskEncoding(EngineContext& ctx, bool fileIsUtf8, EncodingAnsw
       answers == nullptr ? nullptr : fileIsUtf8 ? &answers->ifSeemsUtf8 : &answers->ifSeemsNotUtf8;
   if (kept != nullptr && kept->has_value()) return *kept;
   const Answer answer =
-      Ask(ctx, kUtf8OrAnsiTitle, fileIsUtf8 ? kSeemsUtf8Question : kSeemsNotUtf8Question,
+      Ask(ctx.host, kUtf8OrAnsiTitle, fileIsUtf8 ? kSeemsUtf8Question : kSeemsNotUtf8Question,
           kept != nullptr ? MessageButtons::YesNoToAllCancel : MessageButtons::YesNoCancel);
   if (answer == Answer::Cancel) return std::nullopt;
   const int utf8 = answer == Answer::Yes || answer == Answer::YesToAll ? 1 : 0;
@@ -76,14 +68,14 @@ bool ReadDocx(EngineContext& ctx, const std::string& inputFile, AnsiString& text
       ShowNotDocxMessage(ctx.host, inputFile);
       return false;
     case DocxStatus::TooBig:
-      Warn(ctx, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
+      Warn(ctx.host, kDocxTooBigTitle, DocxTooBigMessage(inputFile));
       return false;
     case DocxStatus::CannotOpen:
       throw RunError(docx.errorNumber, "The file cannot be opened.");
     case DocxStatus::Damaged:
       break;
   }
-  Warn(ctx, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
+  Warn(ctx.host, kDamagedDocxTitle, DamagedDocxMessage(inputFile));
   return false;
 }
 
@@ -93,6 +85,13 @@ bool VetTextFile(EngineContext& ctx, const std::string& inputFile, bool& isUtf8)
   return CheckInputFile(ctx.host, ctx.blnMacNoticeShown, inputFile, ctx.skipLineEndingChecks,
                         isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings));
 }
+
+// The one-thread line loop and its per-line service, as the pieces of a large file use them.
+const LineCounting kLineCounting{
+    [](EngineContext& ctx, LineReader& reader, LinePreparer& preparer) {
+      CountLines(ctx, reader, preparer);
+    },
+    ServeProgressAndStop};
 
 // Counts the lines of a file that passed its checks; false when it could not be read.
 bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString docxText,
@@ -111,7 +110,10 @@ bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString
   }
   ctx.run.comment = CommentState{};
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
-  CountLines(ctx, reader, preparer, onProgress);
+  SetTotalNumOccurrencesForFileProgressBar(ctx);
+  if (isDocx || !CountFileInPieces(ctx, kLineCounting, inputFile, reader, preparer)) {
+    CountLines(ctx, reader, preparer, onProgress);
+  }
   if (reader.ErrorNumber() == 0) return true;
   ReportReadFailure(ctx, reader, inputFile);
   return false;
@@ -141,12 +143,12 @@ bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool
   const CountingSettings& s = ctx.settings;
   if (!OutputToFileActive(s)) return true;
   if (SameFile(s.txbFile[1], inputFile)) {
-    Warn(ctx, texts::kGenericErrorTitle, kSameFile);
+    Warn(ctx.host, texts::kGenericErrorTitle, kSameFile);
     return false;
   }
   if (!OutputSparesCommonWordsFile(ctx)) return false;
   if (checkDocx && LowerExtension(s.txbFile[1]) == "docx") {
-    Warn(ctx, texts::kGenericErrorTitle, kDocxOutput);
+    Warn(ctx.host, texts::kGenericErrorTitle, kDocxOutput);
     return false;
   }
   return true;
@@ -157,7 +159,7 @@ bool OfferOutputFileForLargeInput(EngineContext& ctx, int64_t inputSize) {
   ctx.run.blnElapsedTimeRunning = false;
   ctx.host.SetVisible(Control::TimeElapsed, false);
   const Answer answer =
-      Ask(ctx, "Large input file",
+      Ask(ctx.host, "Large input file",
           "The input file is quite large.  It is advisable to specify an output file \r\n"
           "before continuing, in case the text window will not hold the result. \r\n"
           "Do you wish to specify an output file?",

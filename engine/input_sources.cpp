@@ -6,6 +6,7 @@
 #include "engine/engine_context.h"
 #include "engine/line_counting.h"
 #include "engine/program_texts.h"
+#include "engine/run_messages.h"
 #include "engine/progress.h"
 #include "engine/run_driver.h"
 #include "engine/word_extraction.h"
@@ -22,41 +23,6 @@ namespace {
 constexpr int32_t kStopWithoutAskingBelow = 2000;
 constexpr int32_t kCheckedClipboardChars = 3000;
 constexpr std::string_view kStandardInputName = "(standard input)";
-
-// The refusals of a file run are warnings.
-void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
-  Tell(ctx.host, title, text, MessageIcon::Exclamation);
-}
-
-Answer Ask(EngineContext& ctx, std::string_view title, std::string_view text,
-           MessageButtons buttons) {
-  return ctx.host.ShowMessage(
-      {AnsiString(title), AnsiString(text), MessageIcon::None, buttons, Answer::Yes});
-}
-
-// After each line: the progress bar, and the Stop request (asked about once 2000 words are in).
-// Returns false when reading is to end.
-bool ServeProgressAndStop(EngineContext& ctx, const LineReader& reader) {
-  const double total = static_cast<double>(reader.Size());
-  if (total > 0) {
-    const auto p = static_cast<int16_t>(kProgressBarWidth * reader.BytesConsumed() / total + 0.5);
-    if (p != ctx.run.intProgressBarPosition) {
-      UpdateProgressBar(ctx, static_cast<double>(reader.BytesConsumed()), total, 1);
-    }
-  }
-  ctx.GiveEventLoopATurn();
-  if (!ctx.run.blnStop) return true;
-  const int32_t numWords = ctx.store.lngNumWords();
-  if (numWords < kStopWithoutAskingBelow) return false;
-  // The number keeps the blank that the number conversion puts before it.
-  const AnsiString question = NumberText(numWords) +
-                              " different words have been found.\r\nDo you really wish to stop?";
-  if (Ask(ctx, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
-    return false;
-  }
-  ctx.run.blnStop = false;
-  return true;
-}
 
 // The reader of the clipboard text, or nullptr when the text does not pass the plain-text test
 // of its first kCheckedClipboardChars characters. The host's clipboard text is read whole into
@@ -77,10 +43,31 @@ LineReader* ClipboardReader(EngineContext& ctx, LineReader& textReader) {
 
 }  // namespace
 
+bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
+  const double total = static_cast<double>(size);
+  if (total > 0) {
+    const auto p = static_cast<int16_t>(kProgressBarWidth * done / total + 0.5);
+    if (p != ctx.run.intProgressBarPosition) {
+      UpdateProgressBar(ctx, static_cast<double>(done), total, 1);
+    }
+  }
+  ctx.GiveEventLoopATurn();
+  if (!ctx.run.blnStop) return true;
+  const int32_t numWords = ctx.store.lngNumWords();
+  if (numWords < kStopWithoutAskingBelow) return false;
+  // The number keeps the blank that the number conversion puts before it.
+  const AnsiString question = NumberText(numWords) +
+                              " different words have been found.\r\nDo you really wish to stop?";
+  if (Ask(ctx.host, texts::kStopQuestionTitle, question, MessageButtons::YesNo) == Answer::Yes) {
+    return false;
+  }
+  ctx.run.blnStop = false;
+  return true;
+}
+
 void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
                 const LineProgress& onProgress) {
   LineWalker walker(ctx);
-  SetTotalNumOccurrencesForFileProgressBar(ctx);
   AnsiString& line = ctx.run.strLine;
   while (preparer.NextLine(reader, line)) {
     ctx.run.blnCharacterEntitiesPossible = preparer.Kind() != MarkupKind::None;
@@ -94,7 +81,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
       walker.WalkLine();
     }
     if (onProgress) onProgress(reader.BytesConsumed());
-    if (!ServeProgressAndStop(ctx, reader)) return;
+    if (!ServeProgressAndStop(ctx, reader.BytesConsumed(), reader.Size())) return;
   }
 }
 
@@ -114,7 +101,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
     LineReader textReader;
     LineReader* reader = ClipboardReader(ctx, textReader);
     if (reader == nullptr) {
-      Warn(ctx, "Invalid input",
+      Warn(ctx.host, "Invalid input",
            "The text on the clipboard does not consist\r\nsolely of natural language words.");
       // The source goes back to the input file, as after an empty clipboard.
       ctx.settings.optInFile = true;
@@ -123,6 +110,7 @@ bool DoItFromClipboard(EngineContext& ctx) {
     }
     ResetStoreForCounting(ctx);
     LinePreparer preparer("", false, false);
+    SetTotalNumOccurrencesForFileProgressBar(ctx);
     CountLines(ctx, *reader, preparer);
     if (reader->ErrorNumber() == 0) return true;
     ShowReadFailure(ctx.host, *reader, std::string(kStandardInputName));

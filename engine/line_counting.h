@@ -14,8 +14,13 @@ class LinePreparer;
 // Called after each line with the bytes of the reader consumed so far.
 using LineProgress = std::function<void(int64_t bytesConsumed)>;
 
+// After each line: the progress bar (done bytes of size read), and the Stop request (asked about
+// once 2000 words are in). Returns false when reading is to end.
+bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size);
+
 // Reads every line of reader through the preparation (decoding, HTML head, markup) into the
-// store. Returns at the end of the input or after a confirmed stop.
+// store. Returns at the end of the input or after a confirmed stop. The caller sets the progress
+// bar's start (SetTotalNumOccurrencesForFileProgressBar) once per run.
 void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
                 const LineProgress& onProgress = {});
 

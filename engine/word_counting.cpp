@@ -33,20 +33,22 @@ void ShowWordCount(EngineContext& ctx, int32_t numWords) {
 
 }  // namespace
 
-void AddWordToList(EngineContext& ctx, std::string_view word) {
-  if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
-  const bool firstWord = ctx.store.lngNumWords() == 0;
-  bool isNew;
-  const int32_t id = ctx.store.CountWord(word, isNew);
-  if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
-  if (!isNew) return;
-  if (firstWord) {
+void AnnounceNewWord(EngineContext& ctx, std::string_view word) {
+  const int32_t numWords = ctx.store.lngNumWords();
+  if (numWords == 1) {
     if (ctx.settings.chkSuppressWords != 1) ctx.host.SetOutputText(std::string(word) + ' ');
     return;
   }
-  const int32_t numWords = ctx.store.lngNumWords();
   if (numWords % 10 == 0) ShowWordCount(ctx, numWords);
   EchoNewWord(ctx, word);
+}
+
+void AddWordToList(EngineContext& ctx, std::string_view word) {
+  if (word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return;
+  bool isNew;
+  const int32_t id = ctx.store.CountWord(word, isNew);
+  if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
+  if (isNew) AnnounceNewWord(ctx, word);
 }
 
 }  // namespace wordtally

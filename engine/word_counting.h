@@ -15,4 +15,8 @@ inline constexpr std::string_view kSuppressionNotice =
 // silence. Throws RunError 6 on overflow.
 void AddWordToList(EngineContext& ctx, std::string_view word);
 
+// What a word new to the store shows, just after it was stored: the first word replaces the
+// output text, every tenth the word count, the others are echoed (up to the textbox's limit).
+void AnnounceNewWord(EngineContext& ctx, std::string_view word);
+
 }  // namespace wordtally

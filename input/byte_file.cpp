@@ -39,6 +39,11 @@ void ByteFile::Close() {
   size_ = 0;
 }
 
+int ByteFile::Seek(int64_t offset) {
+  if (::lseek(fd_, static_cast<off_t>(offset), SEEK_SET) < 0) return lastError_ = errno;
+  return 0;
+}
+
 std::ptrdiff_t ByteFile::Read(char* data, std::size_t size) {
   std::size_t total = 0;
   while (total < size) {

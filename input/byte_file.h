@@ -22,6 +22,8 @@ class ByteFile {
   void Close();
   bool IsOpen() const { return fd_ >= 0; }
   int64_t Size() const { return size_; }
+  // Moves to byte offset of the file: 0 on success, else the error number.
+  int Seek(int64_t offset);
 
   // Reads until size bytes are in or the file ends: the count read, or -1 on an error
   // (then LastError() holds its error number).

@@ -165,14 +165,18 @@ void ReplaceUtf8Punctuation(AnsiString& line) {
   line.swap(result);
 }
 
-AnsiString SkipHtmlHead(AnsiString line, LineReader& reader, bool& isUtf8) {
+AnsiString SkipHtmlHead(AnsiString line, LineReader& reader, bool& isUtf8, bool& headOpen) {
   constexpr std::string_view kHeadEnd = "</HEAD>";
+  headOpen = false;
   for (;;) {
     if (!isUtf8 && DeclaresUtf8Charset(line)) isUtf8 = true;
     std::size_t end = FindIgnoringAsciiCase(line, kHeadEnd);
     if (end != AnsiString::npos) return line.substr(end + kHeadEnd.size());
     std::string_view next;
-    if (!reader.NextLine(next)) return AnsiString();
+    if (!reader.NextLine(next)) {
+      headOpen = true;
+      return AnsiString();
+    }
     line.assign(next);
   }
 }

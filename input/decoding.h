@@ -35,7 +35,8 @@ AnsiString Utf8ToAnsi(std::string_view line, int unused = 0);
 void ReplaceUtf8Punctuation(AnsiString& line);
 
 // Reads on from line through the HTML head, switching isUtf8 on when the head declares
-// charset=UTF-8, and returns what follows "</HEAD>" on its line ("" when the input ends first).
-AnsiString SkipHtmlHead(AnsiString line, LineReader& reader, bool& isUtf8);
+// charset=UTF-8, and returns what follows "</HEAD>" on its line ("" when the input ends first,
+// and then headOpen is set: a reader of one piece of a file may end inside the head).
+AnsiString SkipHtmlHead(AnsiString line, LineReader& reader, bool& isUtf8, bool& headOpen);
 
 }  // namespace wordtally

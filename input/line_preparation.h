@@ -2,6 +2,7 @@
 // The input side of a counting run's line loop: reads the next line and prepares it for word
 // extraction: trimming, the UTF-8 translations, the HTML head and the markup layer.
 #include <string>
+#include <string_view>
 
 #include "input/line_reader.h"
 #include "input/markup.h"
@@ -23,12 +24,23 @@ class LinePreparer {
   bool IsUtf8() const { return isUtf8_; }
   MarkupKind Kind() const { return kind_; }
 
+  // For a piece of the input that begins at a later line start: decides the markup kind from the
+  // input's first line (raw) now, as the first line read would.
+  void TakeFirstLine(std::string_view firstLine);
+  // A copy taken to begin outside every construct that spans lines (markup, the HTML head), the
+  // state a piece of the input is assumed to begin in while the pieces before it are counted.
+  LinePreparer Resting() const;
+  // True when the next line is prepared alike by both: same decisions, and both outside every
+  // construct that spans lines (a filter inside markup counts as different).
+  bool SameStateAs(const LinePreparer& other) const;
+
  private:
   std::string fileName_;
   bool isUtf8_;
   bool inputIsDocx_;
   bool firstLine_ = true;
   bool headSkipped_ = false;
+  bool insideHead_ = false;  // the input (a piece of a file) ended inside the HTML head
   MarkupKind kind_ = MarkupKind::None;
   MarkupFilter filter_{MarkupKind::None};
 };

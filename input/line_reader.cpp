@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <utility>
 
 #include "support/ansi_text.h"
@@ -20,6 +21,7 @@ void LineReader::Reset() {
   pos_ = end_ = 0;
   cachesValid_ = false;
   consumedBeforeBuffer_ = 0;
+  unread_ = std::numeric_limits<int64_t>::max();
   errorNumber_ = 0;
   lineGoesOn_ = false;
   utf8_ = false;
@@ -36,6 +38,21 @@ bool LineReader::Open(const std::string& path) {
   }
   size_ = file_.Size();
   atEof_ = false;
+  return true;
+}
+
+bool LineReader::OpenRange(const std::string& path, int64_t begin, int64_t end) {
+  if (!Open(path)) return false;
+  const int osError = file_.Seek(begin);
+  if (osError != 0) {
+    errorNumber_ = RunErrorNumberOf(osError);
+    atEof_ = true;
+    file_.Close();
+    return false;
+  }
+  consumedBeforeBuffer_ = begin;
+  unread_ = end - begin;
+  atEof_ = unread_ <= 0;
   return true;
 }
 
@@ -71,7 +88,9 @@ void LineReader::Refill() {
   pos_ = 0;
   end_ = rest;
   cachesValid_ = false;
-  std::ptrdiff_t got = file_.Read(block_.data() + end_, block_.size() - end_);
+  const auto wanted =
+      static_cast<std::size_t>(std::min<int64_t>(block_.size() - end_, unread_));
+  std::ptrdiff_t got = file_.Read(block_.data() + end_, wanted);
   if (got < 0) {
     errorNumber_ = RunErrorNumberOf(file_.LastError());
     atEof_ = true;
@@ -79,7 +98,8 @@ void LineReader::Refill() {
     return;
   }
   end_ += static_cast<std::size_t>(got);
-  if (end_ < block_.size()) {  // a short read is the end of the file
+  unread_ -= got;
+  if (static_cast<std::size_t>(got) < wanted || unread_ == 0) {  // the end of the file or range
     atEof_ = true;
     file_.Close();
   }

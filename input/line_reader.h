@@ -28,6 +28,9 @@ class LineReader {
   // Opens a file; false on failure, with ErrorNumber() 70 (permission denied), 53 (not found)
   // or 75 (any other failure, a folder given as a file among them).
   bool Open(const std::string& path);
+  // Opens a file to read only its bytes [begin, end), for a piece of it that begins at a line
+  // start; BytesConsumed() counts from the file's start and Size() is the whole file's size.
+  bool OpenRange(const std::string& path, int64_t begin, int64_t end);
   // Reads a stream of UTF-8 text on an open descriptor (standard input) as it arrives, taking
   // the descriptor over; each line is translated into the code page ("?" for a character
   // outside it). Its size is unknown: Size() is 0.
@@ -74,6 +77,7 @@ class LineReader {
   bool atEof_ = true;
   bool lineGoesOn_ = false;
   int64_t consumedBeforeBuffer_ = 0;
+  int64_t unread_ = 0;  // bytes of the file (or of its range) not yet read into the block
   int64_t size_ = 0;
   int errorNumber_ = 0;
 };

@@ -19,6 +19,7 @@ bool CountInto(ShareResult& result, const CommandLineOptions& options, CountingS
   ConsoleHost host(EncodingOf(options), options.verbose, showProgress, messages);
   EngineContext ctx(host, settings);
   ctx.skipLineEndingChecks = true;
+  ctx.threads = options.threads;
   CorpusRun run(share);
   run.Attach(ctx);
   run.TellSkipped(false);

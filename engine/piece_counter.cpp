@@ -1,0 +1,44 @@
+#include "engine/piece_counter.h"
+
+#include <exception>
+#include <utility>
+
+namespace wordtally {
+
+void PieceHost::SettingsChanged() {
+  if (settingsChangedAt_ < 0) settingsChangedAt_ = ctx_.store.lngNumWords();
+}
+
+void PieceHost::ProcessEvents() {
+  if (cancel_.load(std::memory_order_relaxed)) ctx_.run.blnStop = true;
+}
+
+PieceContext::PieceContext(const EngineContext& run, const std::atomic<bool>& cancel)
+    : settings(run.settings), ctx(host, settings), host(cancel, ctx) {
+  settings.chkSuppressWords = 1;  // the main thread echoes the words as it merges them
+  ctx.commonWords = run.commonWords;
+  ctx.run.blnInputIsDocx = run.run.blnInputIsDocx;
+  ctx.run.blnStartUpCompleted = true;  // so that the line walk's turns look at cancel
+}
+
+CountedPiece CountPiece(const FilePiece& piece, const LinePreparer& entry,
+                        std::unique_ptr<PieceContext> context, const LineCounting& lines) {
+  CountedPiece counted{piece, entry, entry, {}, -1, false, nullptr};
+  EngineContext& ctx = context->ctx;
+  try {
+    LineReader reader;
+    if (reader.OpenRange(piece.path, piece.begin, piece.end)) {
+      lines.countLines(ctx, reader, counted.exit);
+      counted.complete = reader.ErrorNumber() == 0 && !ctx.run.blnStop;
+    }
+  } catch (const std::exception&) {
+    // The main thread counts the piece again itself, and meets the error where a one-thread
+    // run would.
+  }
+  counted.exitComment = ctx.run.comment;
+  counted.utf8SwitchAt = context->host.SettingsChangedAt();
+  counted.counted = std::move(context);
+  return counted;
+}
+
+}  // namespace wordtally

@@ -1,0 +1,48 @@
+#include "engine/piece_plan.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "input/line_reader.h"
+
+namespace wordtally {
+namespace {
+
+// A boundary is looked for with a small block: it is found within a few bytes in real text.
+constexpr std::size_t kSearchBlock = 64 << 10;
+
+}  // namespace
+
+PiecePlanner::PiecePlanner(std::string path, int64_t size, int64_t pieceBytes)
+    : path_(std::move(path)), size_(size), pieceBytes_(std::max<int64_t>(pieceBytes, 1)) {}
+
+std::optional<FilePiece> PiecePlanner::Next() {
+  if (next_ >= size_) return std::nullopt;
+  FilePiece piece{path_, next_, LineStartAfter(next_ + pieceBytes_ - 1)};
+  next_ = piece.end;
+  return piece;
+}
+
+// Reads on from offset to the end of the line it is in: the reader ends lines exactly as the
+// reader of the whole file does (CR LF split over two blocks included); an over-long line comes
+// in several pieces, of which only the last ends the line.
+int64_t PiecePlanner::LineStartAfter(int64_t offset) const {
+  if (offset >= size_) return size_;
+  LineReader reader(kSearchBlock);
+  if (!reader.OpenRange(path_, offset, size_)) return size_;
+  std::string_view line;
+  do {
+    if (!reader.NextLine(line)) return size_;
+  } while (reader.LineGoesOn());
+  return reader.BytesConsumed();
+}
+
+std::string FirstLineOf(const std::string& path, int64_t size) {
+  LineReader reader(kSearchBlock);
+  std::string_view line;
+  if (!reader.OpenRange(path, 0, size) || !reader.NextLine(line)) return {};
+  return std::string(line);
+}
+
+}  // namespace wordtally
