@@ -29,7 +29,7 @@ std::string ToTerminalText(std::string_view text) {
 
 void ConsoleHost::Print(std::string_view title, std::string_view text) const {
   EndProgressLine();
-  std::cerr << ToTerminalText(title) << ": " << ToTerminalText(text) << '\n';
+  messages_ << ToTerminalText(title) << ": " << ToTerminalText(text) << '\n';
 }
 
 Answer ConsoleHost::ShowMessage(const MessageBoxRequest& request) {

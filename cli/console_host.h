@@ -2,6 +2,7 @@
 // The host of the command line: refusals, warnings and errors go to standard error as
 // "TITLE: TEXT"; questions take their safe answer (or the one the command line gives) and, like
 // notices, are printed only when verbose. The output textbox is kept in memory.
+#include <iostream>
 #include <map>
 #include <string>
 
@@ -16,8 +17,11 @@ enum class EncodingChoice { FollowFile, Utf8, Ansi };
 class ConsoleHost : public Host {
  public:
   // showProgress: a corpus run's progress line is written to standard error (a terminal).
-  ConsoleHost(EncodingChoice encoding, bool verbose, bool showProgress)
-      : encoding_(encoding), verbose_(verbose), showProgress_(showProgress) {}
+  // messages: where the messages go, standard error unless they are gathered elsewhere.
+  ConsoleHost(EncodingChoice encoding, bool verbose, bool showProgress,
+              std::ostream& messages = std::cerr)
+      : encoding_(encoding), verbose_(verbose), showProgress_(showProgress),
+        messages_(messages) {}
 
   Answer ShowMessage(const MessageBoxRequest& request) override;
   std::optional<AnsiString> InputBox(const AnsiString& title, const AnsiString& prompt,
@@ -56,6 +60,7 @@ class ConsoleHost : public Host {
   EncodingChoice encoding_;
   bool verbose_;
   bool showProgress_;
+  std::ostream& messages_;
   // The progress line on show: its file number and whole megabytes; fileNumber 0 when none.
   mutable int32_t progressFile_ = 0;
   int64_t progressMegabytes_ = -1;

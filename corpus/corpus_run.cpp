@@ -151,19 +151,32 @@ bool CorpusRun::Count(EngineContext& ctx) {
 
   ResetStoreForCounting(ctx);
   ctx.host.SetOutputText(AnsiString(kProcessingInputFile));
-  if (!CountTextFiles(ctx, textFiles, bytesTotal)) return false;
-  counts_.settings = CountSettingsOf(ctx.settings);
-  counts_.totalOccurrences = ctx.run.lngTotalNumOccurrences;
-  counts_.wordsIgnored = ctx.run.lngNumWordsIgnored;
-  counts_.words = WordsOf(ctx.store, tally_);
+  if (!CountOrTakeTextFiles(ctx, textFiles, bytesTotal)) return false;
   if (!ctx.run.blnStop) {
     for (const CorpusCounts& counts : madeElsewhere) {
       MergeCounts(counts_, counts);
       LoadIntoStore(ctx, counts);
     }
   }
-  ReportSkipped(ctx, skipped_);
+  if (tellSkipped_) ReportSkipped(ctx, skipped_);
   ShowFilesStatistic(ctx.host, FilesCounted(), skipped_.size());
+  return true;
+}
+
+bool CorpusRun::CountOrTakeTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
+                                     int64_t bytesTotal) {
+  if (textFileSource_) {
+    TextFileCounts made = textFileSource_(ctx, files);
+    LoadIntoStore(ctx, made.counts);
+    counts_ = std::move(made.counts);
+    skipped_.insert(skipped_.end(), made.skipped.begin(), made.skipped.end());
+    return true;
+  }
+  if (!CountTextFiles(ctx, files, bytesTotal)) return false;
+  counts_.settings = CountSettingsOf(ctx.settings);
+  counts_.totalOccurrences = ctx.run.lngTotalNumOccurrences;
+  counts_.wordsIgnored = ctx.run.lngNumWordsIgnored;
+  counts_.words = WordsOf(ctx.store, tally_);
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // A corpus run: many files, folders and count files counted into one store through the engine's
 // one-file reading, with per-file counts, then listed as one run.
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,17 @@
 #include "engine/file_tally.h"
 
 namespace wordtally {
+
+// The counts of a corpus's text files made elsewhere (by other processes), with the files that
+// were not counted there, in input order.
+struct TextFileCounts {
+  CorpusCounts counts;
+  std::vector<std::string> skipped;
+};
+// Called where the run would read its text files (given in input order); it may tell the host
+// what happened to them and throws a RunError when their counting failed.
+using TextFileSource = std::function<TextFileCounts(EngineContext&,
+                                                    const std::vector<std::string>& files)>;
 
 class CorpusRun {
  public:
@@ -21,6 +33,12 @@ class CorpusRun {
   // Makes the next DoIt(ctx) count this corpus. Detach undoes it.
   void Attach(EngineContext& ctx);
   void Detach(EngineContext& ctx);
+  // Makes the run take its text files' counts from source instead of reading the files; they are
+  // loaded into the store as the counts of count files are.
+  void TakeTextFileCountsFrom(TextFileSource source) { textFileSource_ = std::move(source); }
+  // With tell false, the run does not end by listing the inputs it skipped: it counts a share of
+  // a corpus whose whole run tells them.
+  void TellSkipped(bool tell) { tellSkipped_ = tell; }
 
   // After DoIt: the counts of the run (every counted file, then the files of each count file),
   // the files counted and the inputs skipped (refused by vetting, unreadable, or count files made
@@ -34,11 +52,17 @@ class CorpusRun {
   // Counts the text files into the store and the tally; false when a question was cancelled.
   bool CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
                       int64_t bytesTotal);
+  // Counts the text files here, or takes their counts from textFileSource_, into counts_ and
+  // skipped_; false when a question was cancelled.
+  bool CountOrTakeTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
+                            int64_t bytesTotal);
 
   std::vector<std::string> inputs_;
   FileTally tally_;
   CorpusCounts counts_;
   std::vector<std::string> skipped_;
+  TextFileSource textFileSource_;
+  bool tellSkipped_ = true;
 };
 
 }  // namespace wordtally

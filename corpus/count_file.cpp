@@ -44,7 +44,9 @@ bool Unescape(std::string_view text, std::string& out) {
   return true;
 }
 
-std::string Serialise(const CorpusCounts& counts) {
+}  // namespace
+
+std::string CountFileText(const CorpusCounts& counts) {
   std::string out;
   out.reserve(64 + counts.words.size() * 24);
   out.append(kSignature).append(kVersion) += '\n';
@@ -73,6 +75,8 @@ std::string Serialise(const CorpusCounts& counts) {
   }
   return out;
 }
+
+namespace {
 
 // Splits a line at its tabs.
 std::vector<std::string_view> Fields(std::string_view line) {
@@ -184,7 +188,7 @@ bool IsCountFile(const std::string& path) {
 }
 
 bool WriteCountFile(const std::string& path, const CorpusCounts& counts, std::string& error) {
-  const std::string text = Serialise(counts);
+  const std::string text = CountFileText(counts);
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   if (file.write(text.data(), static_cast<std::streamsize>(text.size())) && file.flush()) {
     return true;
@@ -199,11 +203,16 @@ bool ReadCountFile(const std::string& path, CorpusCounts& counts, std::string& e
     error = "The count file " + path + " could not be read.";
     return false;
   }
+  return ParseCountFileText(text, path, counts, error);
+}
+
+bool ParseCountFileText(std::string_view text, const std::string& source, CorpusCounts& counts,
+                        std::string& error) {
   counts = CorpusCounts{};
   std::string_view rest = text;
   const size_t firstEnd = rest.find('\n');
   if (rest.substr(0, firstEnd) != std::string(kSignature) + std::string(kVersion)) {
-    error = path + " is not a count file of version " + std::string(kVersion) + ".";
+    error = source + " is not a count file of version " + std::string(kVersion) + ".";
     return false;
   }
   CountFileParser parser(counts);
@@ -214,7 +223,8 @@ bool ReadCountFile(const std::string& path, CorpusCounts& counts, std::string& e
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
   }
   if (rest.empty() && parser.Complete()) return true;
-  error = "The count file " + path + " is damaged at line " + std::to_string(lineNumber + 1) + ".";
+  error = "The count file " + source + " is damaged at line " + std::to_string(lineNumber + 1) +
+          ".";
   return false;
 }
 

@@ -4,8 +4,8 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-svg-dev libzip-dev zipcmp zipmerge ziptool libexpat1-dev
-  libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core
+  qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-svg-dev libzip-dev zipcmp zipmerge ziptool
+  libexpat1-dev libcli11-dev libabsl-dev xvfb xauth fonts-dejavu-core openmpi-bin libopenmpi-dev
   clang libclang-rt-14-dev "$@")
 
 missing=()
