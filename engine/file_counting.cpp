@@ -3,7 +3,6 @@
 // into the same store.
 #include "engine/file_counting.h"
 
-#include <algorithm>
 #include <string>
 
 #include "engine/engine_context.h"
@@ -98,11 +97,7 @@ bool VetTextFile(EngineContext& ctx, const std::string& inputFile, bool& isUtf8)
 bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString docxText,
                     const LineProgress& onProgress) {
   const bool isDocx = ctx.run.blnInputIsDocx;
-  // A small file gets a small block: a corpus of many small files would otherwise spend its
-  // time clearing a megabyte for each (the block still grows when a line fills it).
-  constexpr int64_t kSmallestBlock = 4096;
-  LineReader reader(static_cast<size_t>(std::clamp<int64_t>(
-      FileSize(inputFile) + 1, kSmallestBlock, static_cast<int64_t>(LineReader::kBlockSize))));
+  LineReader reader;
   if (isDocx) {
     reader.OpenText(std::move(docxText));
   } else if (!reader.Open(inputFile)) {

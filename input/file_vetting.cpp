@@ -33,15 +33,15 @@ int16_t ProbeCodeOfOsError(int osError) {
 // Neither holds a line break, so the file is searched in large blocks rather than line by line;
 // each block starts with the last bytes of the one before, so that no hint is cut in two.
 // A read failure counts as no hint.
-bool HasUtf8Hint(const std::string& fileName) {
+bool HasUtf8Hint(ByteFile& file) {
   constexpr std::size_t kBlock = 1 << 20;
   constexpr std::size_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
-  ByteFile file;
-  if (file.Open(fileName) != 0) return false;
-  std::string window(kOverlap + kBlock, '\0');
+  if (file.Rewind() != 0) return false;
+  std::string window(kOverlap + BlockSizeFor(file.Size(), kBlock), '\0');
+  const std::size_t block = window.size() - kOverlap;
   std::size_t kept = 0;
   for (;;) {
-    const std::ptrdiff_t got = file.Read(window.data() + kept, kBlock);
+    const std::ptrdiff_t got = file.Read(window.data() + kept, block);
     if (got <= 0) return false;
     const std::string_view text(window.data(), kept + static_cast<std::size_t>(got));
     if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
@@ -53,14 +53,13 @@ bool HasUtf8Hint(const std::string& fileName) {
 }
 
 // Valid UTF-8 throughout, with at least one multi-byte sequence. A read failure counts as no.
-bool IsMultiByteUtf8File(const std::string& fileName) {
+bool IsMultiByteUtf8File(ByteFile& file) {
   constexpr std::size_t kBlock = 1 << 20;
-  ByteFile file;
-  if (file.Open(fileName) != 0) return false;
-  std::string block(kBlock, '\0');
+  if (file.Rewind() != 0) return false;
+  std::string block(BlockSizeFor(file.Size(), kBlock), '\0');
   Utf8Validator validator;
   for (;;) {
-    const std::ptrdiff_t got = file.Read(block.data(), kBlock);
+    const std::ptrdiff_t got = file.Read(block.data(), block.size());
     if (got < 0) return false;
     if (got == 0) return validator.IsMultiByteUtf8();
     if (!validator.Feed(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
@@ -160,12 +159,8 @@ bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int1
 }
 
 // Reads the first maxBytes bytes of a file: 0, or a negative probe code when it cannot be read.
-int16_t ReadSample(const std::string& fileName, int32_t maxBytes, std::string& sample) {
-  ByteFile file;
-  if (int osError = file.Open(fileName)) {
-    if (osError == ENOENT) return kProbeZeroLength;  // vanished since the probe
-    return ProbeCodeOfOsError(osError);
-  }
+int16_t ReadSample(ByteFile& file, int32_t maxBytes, std::string& sample) {
+  if (int osError = file.Rewind()) return ProbeCodeOfOsError(osError);
   int64_t n = std::min<int64_t>(file.Size(), std::max<int32_t>(maxBytes, 0));
   if (n <= 0) return kProbeZeroLength;
   sample.resize(static_cast<std::size_t>(n));
@@ -196,8 +191,10 @@ int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char&
         firstControlPos = static_cast<int32_t>(i);
       }
     }
-    // Past a fifth of the sample size the share so far decides a binary file early.
-    if (i * 5 > maxBytes) {
+    // Past a fifth of the sample size the share so far decides a binary file early. With no
+    // control character yet the share is 0, which passes no tolerance (none is negative): the
+    // division is spared for the bytes of a text file.
+    if (count > 0 && i * 5 > maxBytes) {
       controlPercent = static_cast<double>(count) * 100 / static_cast<double>(i);
       if (controlPercent > 10 * tolerancePercent) return kClassNotText;
     }
@@ -208,6 +205,32 @@ int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char&
   if (crSeen) return kClassCrOnly;
   if (lfSeen) return kClassLfOnly;
   return kClassCrLf;
+}
+
+// DetectFileEncoding on file, which it opens and leaves open for ClassifyTextFile's sample: the
+// file is opened once for all its checks.
+int16_t OpenAndDetect(ByteFile& file, const std::string& fileName, bool checkCharsetHints,
+                      TextRules rules) {
+  if (fileName.empty()) return kProbeEmptyName;
+  if (!FileExists(fileName)) return kProbeNotFound;
+  std::array<unsigned char, 5> b{};
+  if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
+  if (file.Size() == 0) return kProbeZeroLength;
+  if (file.Size() < 5) return kProbeOneToFourBytes;
+  std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
+  if (got < 0) return ProbeCodeOfOsError(file.LastError());
+  if (got < 5) return kProbeOtherError;
+  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
+  int16_t code = ProbeByteOrderMark(b.data());
+  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
+  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
+      HasUtf8Hint(file)) {
+    code = kProbeUtf8;
+  }
+  if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(file)) {
+    code = kProbeUtf8;
+  }
+  return code;
 }
 
 void MakeCurrentDirectory(const std::string& folder) {
@@ -228,30 +251,10 @@ bool HasTextExtension(const std::string& fileName) {
   return false;
 }
 
+
 int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints, TextRules rules) {
-  if (fileName.empty()) return kProbeEmptyName;
-  if (!FileExists(fileName)) return kProbeNotFound;
-  std::array<unsigned char, 5> b{};
-  {
-    ByteFile file;
-    if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
-    if (file.Size() == 0) return kProbeZeroLength;
-    if (file.Size() < 5) return kProbeOneToFourBytes;
-    std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
-    if (got < 0) return ProbeCodeOfOsError(file.LastError());
-    if (got < 5) return kProbeOtherError;
-  }
-  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
-  int16_t code = ProbeByteOrderMark(b.data());
-  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
-  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
-      HasUtf8Hint(fileName)) {
-    code = kProbeUtf8;
-  }
-  if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(fileName)) {
-    code = kProbeUtf8;
-  }
-  return code;
+  ByteFile file;
+  return OpenAndDetect(file, fileName, checkCharsetHints, rules);
 }
 
 int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
@@ -260,7 +263,8 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
                          bool checkCharsetHints, TextRules rules) {
   firstControlChar = ' ';
   firstControlPos = 0;
-  int16_t probe = DetectFileEncoding(fileName, checkCharsetHints, rules);
+  ByteFile file;
+  int16_t probe = OpenAndDetect(file, fileName, checkCharsetHints, rules);
   if (probe < 0 || probe == kProbeRtf) return probe;
   if (probe == kProbeUtf8 && rules == TextRules::Classic) {
     isUtf8 = true;
@@ -270,7 +274,7 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
 
   controlPercent = 0;
   std::string sample;
-  if (int16_t failure = ReadSample(fileName, maxBytes, sample)) return failure;
+  if (int16_t failure = ReadSample(file, maxBytes, sample)) return failure;
   const int16_t verdict = ClassifySample(sample, maxBytes, firstControlChar, firstControlPos,
                                          tolerancePercent, controlPercent);
   // Under the modern rules a UTF-8 file is scanned too, but its line ends decide nothing.
@@ -285,7 +289,6 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
                     bool askBeforeSlowFile, TextRules rules) {
   host.SetCaption(Control::Status, "");
-  int64_t fileLength = FileSize(fileName);
   unsigned char firstControlChar = ' ';
   int32_t firstControlPos = 0;
   double controlPercent = 0;
@@ -297,7 +300,7 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     return false;
   }
   if (classCode == kClassNotText) {
-    ShowNotTextFile(host, fileName, controlPercent, fileLength);
+    ShowNotTextFile(host, fileName, controlPercent, FileSize(fileName));
     return false;
   }
   if (skipLineEndingChecks || classCode == kClassCrLf) return true;
@@ -309,7 +312,7 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     }
     return true;
   }
-  return CheckUnixFile(host, fileName, fileLength, classCode, askBeforeSlowFile);
+  return CheckUnixFile(host, fileName, FileSize(fileName), classCode, askBeforeSlowFile);
 }
 
 bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules) {
