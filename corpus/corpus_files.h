@@ -16,6 +16,9 @@ struct CorpusInput {
 // so that the run reports it by name.
 std::vector<CorpusInput> ExpandCorpusInputs(const std::vector<std::string>& inputs);
 
+// The paths of ExpandCorpusInputs without opening any file to tell count files apart.
+std::vector<std::string> CorpusFilePaths(const std::vector<std::string>& inputs);
+
 // True when inputs ask for a corpus run: more than one input, a folder, or a count file. A single
 // file alone is the classic one-file run.
 bool IsCorpusRun(const std::vector<std::string>& inputs);

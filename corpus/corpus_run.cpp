@@ -26,9 +26,18 @@ bool OutputSparesInputs(EngineContext& ctx, const std::vector<CorpusInput>& inpu
   });
 }
 
-int64_t TotalSize(const std::vector<std::string>& files) {
+std::vector<CorpusTextFile> WithSizes(const std::vector<std::string>& paths) {
+  std::vector<CorpusTextFile> files;
+  files.reserve(paths.size());
+  for (const std::string& path : paths) {
+    files.push_back({path, std::max<int64_t>(FileSize(path), 0)});
+  }
+  return files;
+}
+
+int64_t TotalSize(const std::vector<CorpusTextFile>& files) {
   int64_t total = 0;
-  for (const std::string& file : files) total += std::max<int64_t>(FileSize(file), 0);
+  for (const CorpusTextFile& file : files) total += file.size;
   return total;
 }
 
@@ -62,12 +71,14 @@ std::vector<CorpusCounts> ReadCountFiles(EngineContext& ctx, const std::vector<s
 
 // Counts one file of the corpus, its progress reported on top of the files before it. A file
 // that cannot be opened is refused like one that vetting refuses.
-FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<std::string>& files, size_t i,
-                            EncodingAnswers& answers, int64_t& bytesDone, int64_t bytesTotal) {
+FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<CorpusTextFile>& files,
+                            size_t i, EncodingAnswers& answers, int64_t& bytesDone,
+                            int64_t bytesTotal) {
+  const std::string& path = files[i].path;
+  const int64_t size = files[i].size;
   Host::CorpusProgress progress{static_cast<int32_t>(i + 1), static_cast<int32_t>(files.size()),
-                                files[i], bytesDone, bytesTotal};
+                                path, bytesDone, bytesTotal};
   ctx.host.ShowCorpusProgress(progress);
-  const int64_t size = std::max<int64_t>(FileSize(files[i]), 0);
   OneFileOptions options;
   options.encodingAnswers = &answers;
   options.onProgress = [&](int64_t consumed) {
@@ -76,10 +87,10 @@ FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<std::string>& 
   };
   bytesDone += size;
   try {
-    return CountOneFile(ctx, files[i], options);
+    return CountOneFile(ctx, path, options);
   } catch (const RunError& e) {
     if (e.Number() == kErrOverflow || e.Number() == kErrOutOfMemory) throw;
-    Warn(ctx, kNotCountedTitle, files[i] + "\r\n" + e.what());
+    Warn(ctx, kNotCountedTitle, path + "\r\n" + e.what());
     return FileOutcome::Refused;
   }
 }
@@ -146,12 +157,12 @@ bool CorpusRun::Count(EngineContext& ctx) {
   }
   if (!OutputSparesInputs(ctx, inputs)) return false;
   const std::vector<CorpusCounts> madeElsewhere = ReadCountFiles(ctx, countFiles, skipped_);
-  const int64_t bytesTotal = TotalSize(textFiles);
-  if (!OfferOutputFileForLargeInput(ctx, bytesTotal)) return false;
+  const std::vector<CorpusTextFile> sized = WithSizes(textFiles);
+  if (!OfferOutputFileForLargeInput(ctx, TotalSize(sized))) return false;
 
   ResetStoreForCounting(ctx);
   ctx.host.SetOutputText(AnsiString(kProcessingInputFile));
-  if (!CountTextFiles(ctx, textFiles, bytesTotal)) return false;
+  if (!CountTextFiles(ctx, sized)) return false;
   counts_.settings = CountSettingsOf(ctx.settings);
   counts_.totalOccurrences = ctx.run.lngTotalNumOccurrences;
   counts_.wordsIgnored = ctx.run.lngNumWordsIgnored;
@@ -167,9 +178,9 @@ bool CorpusRun::Count(EngineContext& ctx) {
   return true;
 }
 
-bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
-                               int64_t bytesTotal) {
+bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<CorpusTextFile>& files) {
   EncodingAnswers answers;
+  const int64_t bytesTotal = TotalSize(files);
   int64_t bytesDone = 0;
   ctx.fileTally = &tally_;
   for (size_t i = 0; i < files.size() && !ctx.run.blnStop; ++i) {
@@ -179,12 +190,14 @@ bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<std::string
       ctx.fileTally = nullptr;
       return false;
     }
+    const std::string& path = files[i].path;
     if (outcome == FileOutcome::Refused) {
-      skipped_.push_back(files[i]);
+      skipped_.push_back(path);
     } else {
-      counts_.files.push_back({files[i], FileSize(files[i]), ModifiedSeconds(files[i])});
+      counts_.files.push_back({path, files[i].size, ModifiedSeconds(path)});
     }
   }
+  tally_.Finish();
   ctx.fileTally = nullptr;
   return true;
 }

@@ -11,6 +11,13 @@
 
 namespace wordtally {
 
+// A text file of a corpus with its size, taken once before counting (for the progress, the
+// large-input question and the count file's record).
+struct CorpusTextFile {
+  std::string path;
+  int64_t size = 0;
+};
+
 class CorpusRun {
  public:
   // inputs as the user gave them (files, folders, count files).
@@ -32,8 +39,7 @@ class CorpusRun {
  private:
   bool Count(EngineContext& ctx);
   // Counts the text files into the store and the tally; false when a question was cancelled.
-  bool CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
-                      int64_t bytesTotal);
+  bool CountTextFiles(EngineContext& ctx, const std::vector<CorpusTextFile>& files);
 
   std::vector<std::string> inputs_;
   FileTally tally_;
