@@ -82,7 +82,7 @@ int Run(int argc, char** argv) {
   bool incomplete = ctx.run.blnOutputFileMissed;
   if (corpus) {
     incomplete = !WriteCorpusOutputs(*options, ctx, corpusRun) || incomplete ||
-                 !corpusRun.Skipped().empty();
+                 !corpusRun.Skipped().empty() || !corpusRun.ReadInPart().empty();
   }
   return incomplete ? 1 : 0;
 }

@@ -149,6 +149,7 @@ void CorpusRun::Detach(EngineContext& ctx) {
 bool CorpusRun::Count(EngineContext& ctx) {
   counts_ = CorpusCounts{};
   skipped_.clear();
+  readInPart_.clear();
   tally_.Reset();
   const std::vector<CorpusInput> inputs = ExpandCorpusInputs(inputs_);
   std::vector<std::string> textFiles, countFiles;
@@ -193,9 +194,11 @@ bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<CorpusTextF
     const std::string& path = files[i].path;
     if (outcome == FileOutcome::Refused) {
       skipped_.push_back(path);
-    } else {
-      counts_.files.push_back({path, files[i].size, ModifiedSeconds(path)});
+      continue;
     }
+    // A file read in part is listed too: its words are in the store under its index.
+    counts_.files.push_back({path, files[i].size, ModifiedSeconds(path)});
+    if (outcome == FileOutcome::ReadInPart) readInPart_.push_back(path);
   }
   tally_.Finish();
   ctx.fileTally = nullptr;

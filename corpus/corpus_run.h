@@ -30,11 +30,13 @@ class CorpusRun {
   void Detach(EngineContext& ctx);
 
   // After DoIt: the counts of the run (every counted file, then the files of each count file),
-  // the files counted and the inputs skipped (refused by vetting, unreadable, or count files made
-  // under other settings).
+  // the files counted, the inputs skipped (refused by vetting, unreadable, or count files made
+  // under other settings; each was told in a message of its own) and the files counted only up
+  // to a read failure (counted and listed, and told).
   const CorpusCounts& Counts() const { return counts_; }
   int32_t FilesCounted() const { return static_cast<int32_t>(counts_.files.size()); }
   const std::vector<std::string>& Skipped() const { return skipped_; }
+  const std::vector<std::string>& ReadInPart() const { return readInPart_; }
 
  private:
   bool Count(EngineContext& ctx);
@@ -45,6 +47,7 @@ class CorpusRun {
   FileTally tally_;
   CorpusCounts counts_;
   std::vector<std::string> skipped_;
+  std::vector<std::string> readInPart_;
 };
 
 }  // namespace wordtally

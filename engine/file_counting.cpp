@@ -23,6 +23,8 @@ constexpr std::string_view kProcessingInputFile = "Now processing input file ...
 constexpr std::string_view kSameFile = "Output file cannot be the same as the input file.";
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
+constexpr std::string_view kReadInPartTitle = "File read in part";
+constexpr std::string_view kReadInPartNote = "Its words up to the failure are counted.";
 
 // The refusals of a file run are warnings.
 void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
@@ -93,23 +95,21 @@ bool VetTextFile(EngineContext& ctx, const std::string& inputFile, bool& isUtf8)
                         isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings));
 }
 
-// Counts the lines of a file that passed its checks; false when it could not be read.
-bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString docxText,
-                    const LineProgress& onProgress) {
+// Counts the lines of a file that passed its checks through reader: Refused, told, when it
+// cannot be opened; ReadInPart, not yet told, when reading failed after it began.
+FileOutcome CountFileLines(EngineContext& ctx, LineReader& reader, const std::string& inputFile,
+                           AnsiString docxText, const LineProgress& onProgress) {
   const bool isDocx = ctx.run.blnInputIsDocx;
-  LineReader reader;
   if (isDocx) {
     reader.OpenText(std::move(docxText));
   } else if (!reader.Open(inputFile)) {
     ReportReadFailure(ctx, reader, inputFile);
-    return false;
+    return FileOutcome::Refused;
   }
   ctx.run.comment = CommentState{};
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
   CountLines(ctx, reader, preparer, onProgress);
-  if (reader.ErrorNumber() == 0) return true;
-  ReportReadFailure(ctx, reader, inputFile);
-  return false;
+  return reader.ErrorNumber() == 0 ? FileOutcome::Counted : FileOutcome::ReadInPart;
 }
 
 // The one-file run: the checks in their classic order, then an empty store and the count.
@@ -127,7 +127,10 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
 
   ResetStoreForCounting(ctx);
   ctx.host.SetOutputText(AnsiString(kProcessingInputFile));
-  return CountFileLines(ctx, inputFile, std::move(docxText), {});
+  LineReader reader;
+  const FileOutcome outcome = CountFileLines(ctx, reader, inputFile, std::move(docxText), {});
+  if (outcome == FileOutcome::ReadInPart) ReportReadFailure(ctx, reader, inputFile);
+  return outcome == FileOutcome::Counted;
 }
 
 }  // namespace
@@ -180,9 +183,14 @@ FileOutcome CountOneFile(EngineContext& ctx, const std::string& path,
     if (!VetTextFile(ctx, path, isUtf8)) return FileOutcome::Refused;
     if (!SettleEncoding(ctx, isUtf8, options.encodingAnswers)) return FileOutcome::Cancelled;
   }
-  return CountFileLines(ctx, path, std::move(docxText), options.onProgress)
-             ? FileOutcome::Counted
-             : FileOutcome::Refused;
+  LineReader reader;
+  const FileOutcome outcome =
+      CountFileLines(ctx, reader, path, std::move(docxText), options.onProgress);
+  if (outcome == FileOutcome::ReadInPart) {
+    Warn(ctx, kReadInPartTitle, reader.ErrorDescription() + " when processing \r\n" + path +
+                                    "\r\n" + AnsiString(kReadInPartNote));
+  }
+  return outcome;
 }
 
 bool DoItFromFile(EngineContext& ctx) {
