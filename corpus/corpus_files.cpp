@@ -14,10 +14,12 @@ namespace fs = std::filesystem;
 
 bool IsHidden(const fs::path& path) { return path.filename().string().starts_with('.'); }
 
-// The extensions a folder contributes: the text and markup ones, "php" and "docx".
+// The extensions a folder contributes: the text and markup ones, "php", "docx" and "counts", the
+// extension count files are saved under (what such a file is, its first line decides).
 bool HasCountedExtension(const std::string& path) {
   const std::string extension = LowerExtension(path);
-  return HasTextExtension(path) || extension == "php" || extension == "docx";
+  return HasTextExtension(path) || extension == "php" || extension == "docx" ||
+         extension == "counts";
 }
 
 // Every file below folder with a counted extension, hidden files and folders skipped, sorted.

@@ -11,8 +11,8 @@ struct CorpusInput {
 };
 
 // Expands inputs in the order given: a file stands for itself (a count file is recognised by its
-// first line), a folder for every file below it with a text, markup or docx extension, in sorted
-// path order, hidden files and folders skipped. A path that does not exist is kept as a file,
+// first line), a folder for every file below it with a text, markup, docx or "counts" extension,
+// in sorted path order, hidden files and folders skipped. A path that does not exist is kept as a file,
 // so that the run reports it by name.
 std::vector<CorpusInput> ExpandCorpusInputs(const std::vector<std::string>& inputs);
 
