@@ -12,7 +12,7 @@ namespace wordtally {
 namespace {
 
 constexpr std::string_view kProcessingInputFile = "Now processing input file ...";
-constexpr std::string_view kNotCountedTitle = "Files not counted";
+constexpr std::string_view kNotCountedTitle = "File not counted";
 constexpr std::string_view kOtherSettingsTitle = "Count file made under other settings";
 
 void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
@@ -117,13 +117,6 @@ void LoadIntoStore(EngineContext& ctx, const CorpusCounts& counts) {
   CheckedAdd(ctx.run.lngNumWordsIgnored, counts.wordsIgnored);
 }
 
-void ReportSkipped(EngineContext& ctx, const std::vector<std::string>& skipped) {
-  if (skipped.empty()) return;
-  AnsiString text = "These inputs were not counted:";
-  for (const std::string& path : skipped) text += "\r\n" + path;
-  Warn(ctx, kNotCountedTitle, text);
-}
-
 void ShowFilesStatistic(Host& host, int32_t counted, size_t skipped) {
   host.SetCaption(Control::StatFiles, "Files counted: " + FormatWholeNumber(counted) +
                                           ", skipped: " + FormatWholeNumber(
@@ -174,7 +167,6 @@ bool CorpusRun::Count(EngineContext& ctx) {
       LoadIntoStore(ctx, counts);
     }
   }
-  ReportSkipped(ctx, skipped_);
   ShowFilesStatistic(ctx.host, FilesCounted(), skipped_.size());
   return true;
 }
