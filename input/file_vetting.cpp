@@ -47,6 +47,7 @@ bool HasUtf8Hint(ByteFile& file) {
     if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
       return true;
     }
+    if (static_cast<std::size_t>(got) < block) return false;  // a short read is the end
     kept = std::min(kOverlap, text.size());
     std::memmove(window.data(), text.data() + text.size() - kept, kept);
   }
