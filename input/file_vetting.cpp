@@ -172,10 +172,31 @@ int16_t ReadSample(ByteFile& file, int32_t maxBytes, std::string& sample) {
   return 0;
 }
 
+int16_t LineEndClass(bool crSeen, bool lfSeen) {
+  if (crSeen && lfSeen) return kClassCrLf;
+  if (crSeen) return kClassCrOnly;
+  if (lfSeen) return kClassLfOnly;
+  return kClassCrLf;
+}
+
+// Without an early exit, so that the compiler can test many bytes at once.
+bool HasCountedControlChar(std::string_view sample) {
+  bool found = false;
+  for (const char c : sample) found |= IsCountedControlChar(static_cast<unsigned char>(c));
+  return found;
+}
+
 // The class of a sample by its control characters (tab, form feed and backspace do not count)
 // and its line ends.
 int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char& firstControlChar,
                        int32_t& firstControlPos, double tolerancePercent, double& controlPercent) {
+  // The usual text sample holds no counted control character: a share of 0, which passes no
+  // tolerance (none is negative), leaves the line ends to decide.
+  if (!HasCountedControlChar(sample)) {
+    controlPercent = 0;
+    return LineEndClass(sample.find('\r') != std::string_view::npos,
+                        sample.find('\n') != std::string_view::npos);
+  }
   bool lfSeen = false;
   bool crSeen = false;
   int64_t count = 0;
@@ -192,20 +213,15 @@ int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char&
         firstControlPos = static_cast<int32_t>(i);
       }
     }
-    // Past a fifth of the sample size the share so far decides a binary file early. With no
-    // control character yet the share is 0, which passes no tolerance (none is negative): the
-    // division is spared for the bytes of a text file.
-    if (count > 0 && i * 5 > maxBytes) {
+    // Past a fifth of the sample size the share so far decides a binary file early.
+    if (i * 5 > maxBytes) {
       controlPercent = static_cast<double>(count) * 100 / static_cast<double>(i);
       if (controlPercent > 10 * tolerancePercent) return kClassNotText;
     }
   }
   controlPercent = count == 0 ? 0 : static_cast<double>(count) * 100 / static_cast<double>(n);
   if (controlPercent > tolerancePercent) return kClassNotText;
-  if (crSeen && lfSeen) return kClassCrLf;
-  if (crSeen) return kClassCrOnly;
-  if (lfSeen) return kClassLfOnly;
-  return kClassCrLf;
+  return LineEndClass(crSeen, lfSeen);
 }
 
 // DetectFileEncoding on file, which it opens and leaves open for ClassifyTextFile's sample: the
