@@ -94,7 +94,7 @@ int RunCommandLine(const CommandLineOptions& options, CountingSettings& settings
   bool incomplete = ctx.run.blnOutputFileMissed;
   if (corpus) {
     incomplete = !WriteCorpusOutputs(options, ctx, corpusRun) || incomplete ||
-                 !corpusRun.Skipped().empty();
+                 !corpusRun.Skipped().empty() || !corpusRun.ReadInPart().empty();
   }
   if (!options.keywords.empty() && !WriteKeywordReport(options, ctx)) incomplete = true;
   return incomplete ? 1 : 0;

@@ -9,9 +9,9 @@
 namespace wordtally {
 namespace {
 
-bool IsAnInput(const std::string& path, const std::vector<CorpusInput>& inputs) {
-  for (const CorpusInput& input : inputs) {
-    if (SameFile(path, input.path)) return true;
+bool IsAnInput(const std::string& path, const std::vector<std::string>& inputs) {
+  for (const std::string& input : inputs) {
+    if (SameFile(path, input)) return true;
   }
   return false;
 }
@@ -19,7 +19,8 @@ bool IsAnInput(const std::string& path, const std::vector<CorpusInput>& inputs) 
 }  // namespace
 
 bool CorpusOutputsSpareInputs(const CommandLineOptions& options, std::string& error) {
-  const std::vector<CorpusInput> inputs = ExpandCorpusInputs(options.inputs);
+  if (options.corpusTable.empty() && options.saveCounts.empty()) return true;
+  const std::vector<std::string> inputs = CorpusFilePaths(options.inputs);
   if (!options.corpusTable.empty() && IsAnInput(options.corpusTable, inputs)) {
     error = "The corpus table cannot be one of the input files: " + options.corpusTable;
   } else if (!options.saveCounts.empty() && IsAnInput(options.saveCounts, inputs)) {

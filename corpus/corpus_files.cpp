@@ -14,10 +14,12 @@ namespace fs = std::filesystem;
 
 bool IsHidden(const fs::path& path) { return path.filename().string().starts_with('.'); }
 
-// The extensions a folder contributes: the text and markup ones, "php" and "docx".
+// The extensions a folder contributes: the text and markup ones, "php", "docx" and "counts", the
+// extension count files are saved under (what such a file is, its first line decides).
 bool HasCountedExtension(const std::string& path) {
   const std::string extension = LowerExtension(path);
-  return HasTextExtension(path) || extension == "php" || extension == "docx";
+  return HasTextExtension(path) || extension == "php" || extension == "docx" ||
+         extension == "counts";
 }
 
 // Every file below folder with a counted extension, hidden files and folders skipped, sorted.
@@ -50,17 +52,23 @@ fs::path CommonStart(const fs::path& a, const fs::path& b) {
 
 std::vector<CorpusInput> ExpandCorpusInputs(const std::vector<std::string>& inputs) {
   std::vector<CorpusInput> expanded;
-  for (const std::string& input : inputs) {
-    if (!FolderExists(input)) {
-      expanded.push_back({input, IsCountFile(input)});
-      continue;
-    }
-    for (std::string& file : FilesBelow(input)) {
-      const bool isCountFile = IsCountFile(file);
-      expanded.push_back({std::move(file), isCountFile});
-    }
+  for (std::string& path : CorpusFilePaths(inputs)) {
+    const bool isCountFile = IsCountFile(path);
+    expanded.push_back({std::move(path), isCountFile});
   }
   return expanded;
+}
+
+std::vector<std::string> CorpusFilePaths(const std::vector<std::string>& inputs) {
+  std::vector<std::string> paths;
+  for (const std::string& input : inputs) {
+    if (!FolderExists(input)) {
+      paths.push_back(input);
+      continue;
+    }
+    for (std::string& file : FilesBelow(input)) paths.push_back(std::move(file));
+  }
+  return paths;
 }
 
 bool IsCorpusRun(const std::vector<std::string>& inputs) {

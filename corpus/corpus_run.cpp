@@ -4,6 +4,7 @@
 
 #include "corpus/count_file.h"
 #include "engine/file_counting.h"
+#include "engine/run_messages.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
 #include "support/run_error.h"
@@ -12,12 +13,8 @@ namespace wordtally {
 namespace {
 
 constexpr std::string_view kProcessingInputFile = "Now processing input file ...";
-constexpr std::string_view kNotCountedTitle = "Files not counted";
+constexpr std::string_view kNotCountedTitle = "File not counted";
 constexpr std::string_view kOtherSettingsTitle = "Count file made under other settings";
-
-void Warn(EngineContext& ctx, std::string_view title, std::string_view text) {
-  Tell(ctx.host, title, text, MessageIcon::Exclamation);
-}
 
 // The output file may not be any of the inputs (nor the common-words file, nor a docx file).
 bool OutputSparesInputs(EngineContext& ctx, const std::vector<CorpusInput>& inputs) {
@@ -26,9 +23,18 @@ bool OutputSparesInputs(EngineContext& ctx, const std::vector<CorpusInput>& inpu
   });
 }
 
-int64_t TotalSize(const std::vector<std::string>& files) {
+std::vector<CorpusTextFile> WithSizes(const std::vector<std::string>& paths) {
+  std::vector<CorpusTextFile> files;
+  files.reserve(paths.size());
+  for (const std::string& path : paths) {
+    files.push_back({path, std::max<int64_t>(FileSize(path), 0)});
+  }
+  return files;
+}
+
+int64_t TotalSize(const std::vector<CorpusTextFile>& files) {
   int64_t total = 0;
-  for (const std::string& file : files) total += std::max<int64_t>(FileSize(file), 0);
+  for (const CorpusTextFile& file : files) total += file.size;
   return total;
 }
 
@@ -42,7 +48,7 @@ std::vector<CorpusCounts> ReadCountFiles(EngineContext& ctx, const std::vector<s
     CorpusCounts counts;
     std::string error;
     if (!ReadCountFile(path, counts, error)) {
-      Warn(ctx, kNotCountedTitle, error);
+      Warn(ctx.host, kNotCountedTitle, error);
       skipped.push_back(path);
       continue;
     }
@@ -53,7 +59,7 @@ std::vector<CorpusCounts> ReadCountFiles(EngineContext& ctx, const std::vector<s
     }
     AnsiString names;
     for (const std::string& name : differing) names += (names.empty() ? "" : ", ") + name;
-    Warn(ctx, kOtherSettingsTitle,
+    Warn(ctx.host, kOtherSettingsTitle,
          path + "\r\nwas made under other settings than this run: " + names + ".");
     skipped.push_back(path);
   }
@@ -62,12 +68,14 @@ std::vector<CorpusCounts> ReadCountFiles(EngineContext& ctx, const std::vector<s
 
 // Counts one file of the corpus, its progress reported on top of the files before it. A file
 // that cannot be opened is refused like one that vetting refuses.
-FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<std::string>& files, size_t i,
-                            EncodingAnswers& answers, int64_t& bytesDone, int64_t bytesTotal) {
+FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<CorpusTextFile>& files,
+                            size_t i, EncodingAnswers& answers, int64_t& bytesDone,
+                            int64_t bytesTotal) {
+  const std::string& path = files[i].path;
+  const int64_t size = files[i].size;
   Host::CorpusProgress progress{static_cast<int32_t>(i + 1), static_cast<int32_t>(files.size()),
-                                files[i], bytesDone, bytesTotal};
+                                path, bytesDone, bytesTotal};
   ctx.host.ShowCorpusProgress(progress);
-  const int64_t size = std::max<int64_t>(FileSize(files[i]), 0);
   OneFileOptions options;
   options.encodingAnswers = &answers;
   options.onProgress = [&](int64_t consumed) {
@@ -76,10 +84,10 @@ FileOutcome CountCorpusFile(EngineContext& ctx, const std::vector<std::string>& 
   };
   bytesDone += size;
   try {
-    return CountOneFile(ctx, files[i], options);
+    return CountOneFile(ctx, path, options);
   } catch (const RunError& e) {
     if (e.Number() == kErrOverflow || e.Number() == kErrOutOfMemory) throw;
-    Warn(ctx, kNotCountedTitle, files[i] + "\r\n" + e.what());
+    Warn(ctx.host, kNotCountedTitle, path + "\r\n" + e.what());
     return FileOutcome::Refused;
   }
 }
@@ -104,13 +112,6 @@ void LoadIntoStore(EngineContext& ctx, const CorpusCounts& counts) {
   for (const CorpusWord& word : counts.words) ctx.store.CountWord(word.word, isNew, word.frequency);
   CheckedAdd(ctx.run.lngTotalNumOccurrences, counts.totalOccurrences);
   CheckedAdd(ctx.run.lngNumWordsIgnored, counts.wordsIgnored);
-}
-
-void ReportSkipped(EngineContext& ctx, const std::vector<std::string>& skipped) {
-  if (skipped.empty()) return;
-  AnsiString text = "These inputs were not counted:";
-  for (const std::string& path : skipped) text += "\r\n" + path;
-  Warn(ctx, kNotCountedTitle, text);
 }
 
 void ShowFilesStatistic(Host& host, int32_t counted, size_t skipped) {
@@ -138,6 +139,7 @@ void CorpusRun::Detach(EngineContext& ctx) {
 bool CorpusRun::Count(EngineContext& ctx) {
   counts_ = CorpusCounts{};
   skipped_.clear();
+  readInPart_.clear();
   tally_.Reset();
   const std::vector<CorpusInput> inputs = ExpandCorpusInputs(inputs_);
   std::vector<std::string> textFiles, countFiles;
@@ -146,33 +148,34 @@ bool CorpusRun::Count(EngineContext& ctx) {
   }
   if (!OutputSparesInputs(ctx, inputs)) return false;
   const std::vector<CorpusCounts> madeElsewhere = ReadCountFiles(ctx, countFiles, skipped_);
-  const int64_t bytesTotal = TotalSize(textFiles);
-  if (!OfferOutputFileForLargeInput(ctx, bytesTotal)) return false;
+  const std::vector<CorpusTextFile> sized = WithSizes(textFiles);
+  if (!OfferOutputFileForLargeInput(ctx, TotalSize(sized))) return false;
 
   ResetStoreForCounting(ctx);
   ctx.host.SetOutputText(AnsiString(kProcessingInputFile));
-  if (!CountOrTakeTextFiles(ctx, textFiles, bytesTotal)) return false;
+  if (!CountOrTakeTextFiles(ctx, sized)) return false;
   if (!ctx.run.blnStop) {
     for (const CorpusCounts& counts : madeElsewhere) {
       MergeCounts(counts_, counts);
       LoadIntoStore(ctx, counts);
     }
   }
-  if (tellSkipped_) ReportSkipped(ctx, skipped_);
   ShowFilesStatistic(ctx.host, FilesCounted(), skipped_.size());
   return true;
 }
 
-bool CorpusRun::CountOrTakeTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
-                                     int64_t bytesTotal) {
+bool CorpusRun::CountOrTakeTextFiles(EngineContext& ctx,
+                                     const std::vector<CorpusTextFile>& files) {
   if (textFileSource_) {
-    TextFileCounts made = textFileSource_(ctx, files);
+    std::vector<std::string> paths;
+    for (const CorpusTextFile& file : files) paths.push_back(file.path);
+    TextFileCounts made = textFileSource_(ctx, paths);
     LoadIntoStore(ctx, made.counts);
     counts_ = std::move(made.counts);
     skipped_.insert(skipped_.end(), made.skipped.begin(), made.skipped.end());
     return true;
   }
-  if (!CountTextFiles(ctx, files, bytesTotal)) return false;
+  if (!CountTextFiles(ctx, files)) return false;
   counts_.settings = CountSettingsOf(ctx.settings);
   counts_.totalOccurrences = ctx.run.lngTotalNumOccurrences;
   counts_.wordsIgnored = ctx.run.lngNumWordsIgnored;
@@ -180,9 +183,9 @@ bool CorpusRun::CountOrTakeTextFiles(EngineContext& ctx, const std::vector<std::
   return true;
 }
 
-bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<std::string>& files,
-                               int64_t bytesTotal) {
+bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<CorpusTextFile>& files) {
   EncodingAnswers answers;
+  const int64_t bytesTotal = TotalSize(files);
   int64_t bytesDone = 0;
   ctx.fileTally = &tally_;
   for (size_t i = 0; i < files.size() && !ctx.run.blnStop; ++i) {
@@ -192,12 +195,16 @@ bool CorpusRun::CountTextFiles(EngineContext& ctx, const std::vector<std::string
       ctx.fileTally = nullptr;
       return false;
     }
+    const std::string& path = files[i].path;
     if (outcome == FileOutcome::Refused) {
-      skipped_.push_back(files[i]);
-    } else {
-      counts_.files.push_back({files[i], FileSize(files[i]), ModifiedSeconds(files[i])});
+      skipped_.push_back(path);
+      continue;
     }
+    // A file read in part is listed too: its words are in the store under its index.
+    counts_.files.push_back({path, files[i].size, ModifiedSeconds(path)});
+    if (outcome == FileOutcome::ReadInPart) readInPart_.push_back(path);
   }
+  tally_.Finish();
   ctx.fileTally = nullptr;
   return true;
 }

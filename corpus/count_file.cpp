@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "input/byte_file.h"
+
 namespace wordtally {
 namespace {
 
@@ -182,9 +184,11 @@ bool ReadWhole(const std::string& path, std::string& text) {
 }  // namespace
 
 bool IsCountFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  // Every file of a corpus is asked, so a plain descriptor rather than a stream.
+  ByteFile file;
   char start[kSignature.size()];
-  return file.read(start, sizeof start) && std::string_view(start, sizeof start) == kSignature;
+  return file.Open(path) == 0 && file.Read(start, sizeof start) == std::ssize(start) &&
+         std::string_view(start, sizeof start) == kSignature;
 }
 
 bool WriteCountFile(const std::string& path, const CorpusCounts& counts, std::string& error) {

@@ -3,7 +3,6 @@
 // into the same store.
 #include "engine/file_counting.h"
 
-#include <algorithm>
 #include <string>
 
 #include "engine/engine_context.h"
@@ -27,6 +26,8 @@ constexpr std::string_view kProcessingInputFile = "Now processing input file ...
 constexpr std::string_view kSameFile = "Output file cannot be the same as the input file.";
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;
+constexpr std::string_view kReadInPartTitle = "File read in part";
+constexpr std::string_view kReadInPartNote = "Its words up to the failure are counted.";
 
 // The question of a file whose encoding and the UTF-8 box disagree: the chkUTF8 value chosen, or
 // nothing on Cancel. With answers, "Yes to all" / "No to all" are offered and kept per verdict.
@@ -93,20 +94,16 @@ const LineCounting kLineCounting{
     },
     ServeProgressAndStop};
 
-// Counts the lines of a file that passed its checks; false when it could not be read.
-bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString docxText,
-                    const LineProgress& onProgress) {
+// Counts the lines of a file that passed its checks through reader: Refused, told, when it
+// cannot be opened; ReadInPart, not yet told, when reading failed after it began.
+FileOutcome CountFileLines(EngineContext& ctx, LineReader& reader, const std::string& inputFile,
+                           AnsiString docxText, const LineProgress& onProgress) {
   const bool isDocx = ctx.run.blnInputIsDocx;
-  // A small file gets a small block: a corpus of many small files would otherwise spend its
-  // time clearing a megabyte for each (the block still grows when a line fills it).
-  constexpr int64_t kSmallestBlock = 4096;
-  LineReader reader(static_cast<size_t>(std::clamp<int64_t>(
-      FileSize(inputFile) + 1, kSmallestBlock, static_cast<int64_t>(LineReader::kBlockSize))));
   if (isDocx) {
     reader.OpenText(std::move(docxText));
   } else if (!reader.Open(inputFile)) {
     ReportReadFailure(ctx, reader, inputFile);
-    return false;
+    return FileOutcome::Refused;
   }
   ctx.run.comment = CommentState{};
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
@@ -114,9 +111,7 @@ bool CountFileLines(EngineContext& ctx, const std::string& inputFile, AnsiString
   if (isDocx || !CountFileInPieces(ctx, kLineCounting, inputFile, reader, preparer)) {
     CountLines(ctx, reader, preparer, onProgress);
   }
-  if (reader.ErrorNumber() == 0) return true;
-  ReportReadFailure(ctx, reader, inputFile);
-  return false;
+  return reader.ErrorNumber() == 0 ? FileOutcome::Counted : FileOutcome::ReadInPart;
 }
 
 // The one-file run: the checks in their classic order, then an empty store and the count.
@@ -134,7 +129,10 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
 
   ResetStoreForCounting(ctx);
   ctx.host.SetOutputText(AnsiString(kProcessingInputFile));
-  return CountFileLines(ctx, inputFile, std::move(docxText), {});
+  LineReader reader;
+  const FileOutcome outcome = CountFileLines(ctx, reader, inputFile, std::move(docxText), {});
+  if (outcome == FileOutcome::ReadInPart) ReportReadFailure(ctx, reader, inputFile);
+  return outcome == FileOutcome::Counted;
 }
 
 }  // namespace
@@ -187,9 +185,14 @@ FileOutcome CountOneFile(EngineContext& ctx, const std::string& path,
     if (!VetTextFile(ctx, path, isUtf8)) return FileOutcome::Refused;
     if (!SettleEncoding(ctx, isUtf8, options.encodingAnswers)) return FileOutcome::Cancelled;
   }
-  return CountFileLines(ctx, path, std::move(docxText), options.onProgress)
-             ? FileOutcome::Counted
-             : FileOutcome::Refused;
+  LineReader reader;
+  const FileOutcome outcome =
+      CountFileLines(ctx, reader, path, std::move(docxText), options.onProgress);
+  if (outcome == FileOutcome::ReadInPart) {
+    Warn(ctx.host, kReadInPartTitle, reader.ErrorDescription() + " when processing \r\n" + path +
+                                    "\r\n" + AnsiString(kReadInPartNote));
+  }
+  return outcome;
 }
 
 bool DoItFromFile(EngineContext& ctx) {

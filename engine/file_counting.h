@@ -26,12 +26,14 @@ struct OneFileOptions {
 
 enum class FileOutcome {
   Counted,
-  Refused,    // vetting refused it, it could not be read, or it is a damaged docx: told already
-  Cancelled,  // the user cancelled a question: the run ends here
+  ReadInPart,  // reading failed after it began: the words before the failure are counted; told
+  Refused,     // vetting refused it, it could not be opened, or it is a damaged docx: told already
+  Cancelled,   // the user cancelled a question: the run ends here
 };
 
 // Vets path, settles its decoding and counts its lines into ctx.store, with its own markup kind
-// and comment state and without emptying the store.
+// and comment state and without emptying the store. A file whose reading fails partway keeps
+// the words read before the failure, so that the store and the file's own counts agree.
 FileOutcome CountOneFile(EngineContext& ctx, const std::string& path,
                          const OneFileOptions& options);
 

@@ -1,5 +1,6 @@
 #include "input/byte_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -57,6 +58,12 @@ std::ptrdiff_t ByteFile::Read(char* data, std::size_t size) {
     total += static_cast<std::size_t>(got);
   }
   return static_cast<std::ptrdiff_t>(total);
+}
+
+std::size_t BlockSizeFor(int64_t fileSize, std::size_t largest) {
+  constexpr int64_t kSmallestBlock = 4096;
+  const int64_t wanted = std::max(fileSize, int64_t{0}) + 1;
+  return std::min(largest, static_cast<std::size_t>(std::max(wanted, kSmallestBlock)));
 }
 
 int RunErrorNumberOf(int osError) {

@@ -36,6 +36,11 @@ class ByteFile {
   int lastError_ = 0;
 };
 
+// The block to read a file of fileSize bytes in: the whole file and one byte more (so that one
+// read meets its end), at least 4 KB and at most largest. A corpus of many small files would
+// otherwise spend its time clearing a large block for each.
+std::size_t BlockSizeFor(int64_t fileSize, std::size_t largest);
+
 // The run-error number of an operating-system error: 70 permission denied, 53 file not found,
 // 75 path/file access error for everything else; and the description that goes with it.
 int RunErrorNumberOf(int osError);

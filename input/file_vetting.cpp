@@ -33,34 +33,34 @@ int16_t ProbeCodeOfOsError(int osError) {
 // Neither holds a line break, so the file is searched in large blocks rather than line by line;
 // each block starts with the last bytes of the one before, so that no hint is cut in two.
 // A read failure counts as no hint.
-bool HasUtf8Hint(const std::string& fileName) {
+bool HasUtf8Hint(ByteFile& file) {
   constexpr std::size_t kBlock = 1 << 20;
   constexpr std::size_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
-  ByteFile file;
-  if (file.Open(fileName) != 0) return false;
-  std::string window(kOverlap + kBlock, '\0');
+  if (file.Seek(0) != 0) return false;
+  std::string window(kOverlap + BlockSizeFor(file.Size(), kBlock), '\0');
+  const std::size_t block = window.size() - kOverlap;
   std::size_t kept = 0;
   for (;;) {
-    const std::ptrdiff_t got = file.Read(window.data() + kept, kBlock);
+    const std::ptrdiff_t got = file.Read(window.data() + kept, block);
     if (got <= 0) return false;
     const std::string_view text(window.data(), kept + static_cast<std::size_t>(got));
     if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
       return true;
     }
+    if (static_cast<std::size_t>(got) < block) return false;  // a short read is the end
     kept = std::min(kOverlap, text.size());
     std::memmove(window.data(), text.data() + text.size() - kept, kept);
   }
 }
 
 // Valid UTF-8 throughout, with at least one multi-byte sequence. A read failure counts as no.
-bool IsMultiByteUtf8File(const std::string& fileName) {
+bool IsMultiByteUtf8File(ByteFile& file) {
   constexpr std::size_t kBlock = 1 << 20;
-  ByteFile file;
-  if (file.Open(fileName) != 0) return false;
-  std::string block(kBlock, '\0');
+  if (file.Seek(0) != 0) return false;
+  std::string block(BlockSizeFor(file.Size(), kBlock), '\0');
   Utf8Validator validator;
   for (;;) {
-    const std::ptrdiff_t got = file.Read(block.data(), kBlock);
+    const std::ptrdiff_t got = file.Read(block.data(), block.size());
     if (got < 0) return false;
     if (got == 0) return validator.IsMultiByteUtf8();
     if (!validator.Feed(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
@@ -160,12 +160,8 @@ bool CheckUnixFile(Host& host, const std::string& name, int64_t fileLength, int1
 }
 
 // Reads the first maxBytes bytes of a file: 0, or a negative probe code when it cannot be read.
-int16_t ReadSample(const std::string& fileName, int32_t maxBytes, std::string& sample) {
-  ByteFile file;
-  if (int osError = file.Open(fileName)) {
-    if (osError == ENOENT) return kProbeZeroLength;  // vanished since the probe
-    return ProbeCodeOfOsError(osError);
-  }
+int16_t ReadSample(ByteFile& file, int32_t maxBytes, std::string& sample) {
+  if (int osError = file.Seek(0)) return ProbeCodeOfOsError(osError);
   int64_t n = std::min<int64_t>(file.Size(), std::max<int32_t>(maxBytes, 0));
   if (n <= 0) return kProbeZeroLength;
   sample.resize(static_cast<std::size_t>(n));
@@ -176,10 +172,31 @@ int16_t ReadSample(const std::string& fileName, int32_t maxBytes, std::string& s
   return 0;
 }
 
+int16_t LineEndClass(bool crSeen, bool lfSeen) {
+  if (crSeen && lfSeen) return kClassCrLf;
+  if (crSeen) return kClassCrOnly;
+  if (lfSeen) return kClassLfOnly;
+  return kClassCrLf;
+}
+
+// Without an early exit, so that the compiler can test many bytes at once.
+bool HasCountedControlChar(std::string_view sample) {
+  bool found = false;
+  for (const char c : sample) found |= IsCountedControlChar(static_cast<unsigned char>(c));
+  return found;
+}
+
 // The class of a sample by its control characters (tab, form feed and backspace do not count)
 // and its line ends.
 int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char& firstControlChar,
                        int32_t& firstControlPos, double tolerancePercent, double& controlPercent) {
+  // The usual text sample holds no counted control character: a share of 0, which passes no
+  // tolerance (none is negative), leaves the line ends to decide.
+  if (!HasCountedControlChar(sample)) {
+    controlPercent = 0;
+    return LineEndClass(sample.find('\r') != std::string_view::npos,
+                        sample.find('\n') != std::string_view::npos);
+  }
   bool lfSeen = false;
   bool crSeen = false;
   int64_t count = 0;
@@ -204,10 +221,33 @@ int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char&
   }
   controlPercent = count == 0 ? 0 : static_cast<double>(count) * 100 / static_cast<double>(n);
   if (controlPercent > tolerancePercent) return kClassNotText;
-  if (crSeen && lfSeen) return kClassCrLf;
-  if (crSeen) return kClassCrOnly;
-  if (lfSeen) return kClassLfOnly;
-  return kClassCrLf;
+  return LineEndClass(crSeen, lfSeen);
+}
+
+// DetectFileEncoding on file, which it opens and leaves open for ClassifyTextFile's sample: the
+// file is opened once for all its checks.
+int16_t OpenAndDetect(ByteFile& file, const std::string& fileName, bool checkCharsetHints,
+                      TextRules rules) {
+  if (fileName.empty()) return kProbeEmptyName;
+  if (!FileExists(fileName)) return kProbeNotFound;
+  std::array<unsigned char, 5> b{};
+  if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
+  if (file.Size() == 0) return kProbeZeroLength;
+  if (file.Size() < 5) return kProbeOneToFourBytes;
+  std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
+  if (got < 0) return ProbeCodeOfOsError(file.LastError());
+  if (got < 5) return kProbeOtherError;
+  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
+  int16_t code = ProbeByteOrderMark(b.data());
+  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
+  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
+      HasUtf8Hint(file)) {
+    code = kProbeUtf8;
+  }
+  if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(file)) {
+    code = kProbeUtf8;
+  }
+  return code;
 }
 
 void MakeCurrentDirectory(const std::string& folder) {
@@ -228,30 +268,10 @@ bool HasTextExtension(const std::string& fileName) {
   return false;
 }
 
+
 int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints, TextRules rules) {
-  if (fileName.empty()) return kProbeEmptyName;
-  if (!FileExists(fileName)) return kProbeNotFound;
-  std::array<unsigned char, 5> b{};
-  {
-    ByteFile file;
-    if (int osError = file.Open(fileName)) return ProbeCodeOfOsError(osError);
-    if (file.Size() == 0) return kProbeZeroLength;
-    if (file.Size() < 5) return kProbeOneToFourBytes;
-    std::ptrdiff_t got = file.Read(reinterpret_cast<char*>(b.data()), b.size());
-    if (got < 0) return ProbeCodeOfOsError(file.LastError());
-    if (got < 5) return kProbeOtherError;
-  }
-  if (std::memcmp(b.data(), "{\\rtf", 5) == 0) return kProbeRtf;
-  int16_t code = ProbeByteOrderMark(b.data());
-  if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
-  if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
-      HasUtf8Hint(fileName)) {
-    code = kProbeUtf8;
-  }
-  if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(fileName)) {
-    code = kProbeUtf8;
-  }
-  return code;
+  ByteFile file;
+  return OpenAndDetect(file, fileName, checkCharsetHints, rules);
 }
 
 int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
@@ -260,7 +280,8 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
                          bool checkCharsetHints, TextRules rules) {
   firstControlChar = ' ';
   firstControlPos = 0;
-  int16_t probe = DetectFileEncoding(fileName, checkCharsetHints, rules);
+  ByteFile file;
+  int16_t probe = OpenAndDetect(file, fileName, checkCharsetHints, rules);
   if (probe < 0 || probe == kProbeRtf) return probe;
   if (probe == kProbeUtf8 && rules == TextRules::Classic) {
     isUtf8 = true;
@@ -270,7 +291,7 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
 
   controlPercent = 0;
   std::string sample;
-  if (int16_t failure = ReadSample(fileName, maxBytes, sample)) return failure;
+  if (int16_t failure = ReadSample(file, maxBytes, sample)) return failure;
   const int16_t verdict = ClassifySample(sample, maxBytes, firstControlChar, firstControlPos,
                                          tolerancePercent, controlPercent);
   // Under the modern rules a UTF-8 file is scanned too, but its line ends decide nothing.
@@ -285,7 +306,6 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
                     bool askBeforeSlowFile, TextRules rules) {
   host.SetCaption(Control::Status, "");
-  int64_t fileLength = FileSize(fileName);
   unsigned char firstControlChar = ' ';
   int32_t firstControlPos = 0;
   double controlPercent = 0;
@@ -297,7 +317,7 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     return false;
   }
   if (classCode == kClassNotText) {
-    ShowNotTextFile(host, fileName, controlPercent, fileLength);
+    ShowNotTextFile(host, fileName, controlPercent, FileSize(fileName));
     return false;
   }
   if (skipLineEndingChecks || classCode == kClassCrLf) return true;
@@ -309,7 +329,7 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
     }
     return true;
   }
-  return CheckUnixFile(host, fileName, fileLength, classCode, askBeforeSlowFile);
+  return CheckUnixFile(host, fileName, FileSize(fileName), classCode, askBeforeSlowFile);
 }
 
 bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules) {

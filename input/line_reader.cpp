@@ -12,7 +12,7 @@
 namespace wordtally {
 
 LineReader::LineReader(std::size_t blockSize, std::size_t maxLineLength)
-    : block_(std::max<std::size_t>(blockSize, 16)),
+    : blockSize_(std::max<std::size_t>(blockSize, 16)),
       maxLineLength_(std::max<std::size_t>(maxLineLength, 1)) {}
 
 void LineReader::Reset() {
@@ -28,8 +28,9 @@ void LineReader::Reset() {
 }
 
 bool LineReader::Open(const std::string& path) {
+  const int osError = file_.Open(path);
+  block_.resize(BlockSizeFor(file_.Size(), blockSize_));
   Reset();
-  int osError = file_.Open(path);
   if (osError != 0) {
     errorNumber_ = RunErrorNumberOf(osError);
     atEof_ = true;
@@ -57,6 +58,7 @@ bool LineReader::OpenRange(const std::string& path, int64_t begin, int64_t end) 
 }
 
 void LineReader::OpenUtf8Stream(int descriptor) {
+  block_.resize(blockSize_);
   Reset();
   file_.Attach(descriptor);
   size_ = file_.Size();

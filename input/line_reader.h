@@ -2,7 +2,8 @@
 // Reads a text file (or a stream, or a text held in memory) line by line. The input is read in
 // large blocks and each line is handed out as a view into the block, so no line is copied; memory
 // stays at one block whatever the input's size (a line longer than a block widens the block to
-// hold it, up to the longest line handed out whole). CR LF, LF and CR each end a line, also when a
+// hold it, up to the longest line handed out whole). A file smaller than a block gets a block of
+// its own size. CR LF, LF and CR each end a line, also when a
 // CR ends one block and its LF begins the next.
 #include <cstddef>
 #include <cstdint>
@@ -63,6 +64,7 @@ class LineReader {
   void TakePiece(std::string_view& line);
 
   ByteFile file_;
+  std::size_t blockSize_;
   std::vector<char> block_;
   std::size_t maxLineLength_;
   bool utf8_ = false;           // lines are translated from UTF-8 into decoded_

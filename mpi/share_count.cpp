@@ -22,7 +22,6 @@ bool CountInto(ShareResult& result, const CommandLineOptions& options, CountingS
   ctx.threads = options.threads;
   CorpusRun run(share);
   run.Attach(ctx);
-  run.TellSkipped(false);
   // DoIt checks, loads the common words and counts as for wordtally; returning false after the
   // count leaves out the listing.
   bool counted = false;

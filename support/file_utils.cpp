@@ -22,7 +22,7 @@ bool FolderExists(const std::string& path) {
 
 int64_t FileSize(const std::string& path) {
   std::error_code ec;
-  if (!FileExists(path)) return -1;
+  // One status query: file_size fails for anything but an existing regular file.
   const auto size = fs::file_size(path, ec);
   return ec ? -1 : static_cast<int64_t>(size);
 }

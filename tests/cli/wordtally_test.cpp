@@ -166,7 +166,7 @@ TEST(Wordtally, OptionSetsGiveTheListingsWorkedOutByHandAndTheExitStatus) {
            "Number of words excluded: 0\nNumber of instances of words in this list: 34\n"
            "Total number of instances of words: 34\nFiles counted: 2, skipped: 0\n"},
       // A refused input is named and skipped: the others are listed, and the exit status is 1.
-      {{mixed, missing}, MixedListing(), 1, "These inputs were not counted:\n" + missing},
+      {{mixed, missing}, MixedListing(), 1, "Fatal error: File " + missing + " not found."},
       {{"-", mixed}, "", 1, "Standard input (\"-\") is counted alone"},
       {{"--min-frequency", "1", cases}, "", 2, usage}, {{"--format", "10", cases}, "", 2, usage},
       {{"--min-frequency", "10", cases}, "", 2, usage}, {{"--order", "odd", cases}, "", 2, usage},

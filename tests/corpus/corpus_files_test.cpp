@@ -43,7 +43,10 @@ TEST(CorpusFiles, FolderGivesItsCountedFilesSortedWithoutHiddenOnes) {
                            "/sub/notes.php", "/.hidden.txt", "/.git/e.txt"}) {
     std::ofstream(root + name) << "words\n";
   }
-  std::ofstream(root + "/counts.log") << "#wordtally-counts 1\n";
+  for (const char* name : {"/counts.log", "/saved.counts"}) {
+    std::ofstream(root + name) << "#wordtally-counts 1\n";
+  }
+  std::ofstream(root + "/notes.counts") << "words\n";
   const std::vector<CorpusInput> inputs =
       ExpandCorpusInputs({root + "/sub/d.jpg", root, root + "/missing.txt"});
   std::vector<std::string> described;
@@ -51,7 +54,8 @@ TEST(CorpusFiles, FolderGivesItsCountedFilesSortedWithoutHiddenOnes) {
     described.push_back(input.path.substr(root.size()) + (input.isCountFile ? " (counts)" : ""));
   }
   EXPECT_THAT(described, ::testing::ElementsAre("/sub/d.jpg", "/Z.TXT", "/a.htm", "/b.txt",
-                                                "/counts.log (counts)", "/sub/c.docx",
+                                                "/counts.log (counts)", "/notes.counts",
+                                                "/saved.counts (counts)", "/sub/c.docx",
                                                 "/sub/notes.php", "/missing.txt"));
   EXPECT_FALSE(IsCorpusRun({root + "/b.txt"}));
   EXPECT_TRUE(IsCorpusRun({root + "/counts.log"}));

@@ -9,6 +9,7 @@
 #include "corpus/corpus_run.h"
 #include "engine/run_driver.h"
 #include "input/decoding.h"
+#include "input/file_vetting.h"
 #include "support/file_utils.h"
 #include "tests/common/scripted_host.h"
 
@@ -63,9 +64,13 @@ TEST_F(CorpusRunTest, TotalsAreTheSumsOfOneFileRunsAndColumnsTheirCounts) {
     occurrences += ctx.run.lngTotalNumOccurrences;
   }
 
+  host.messages.clear();
   CorpusRun run({files[0], refused, files[1], files[2]});
   run.Attach(ctx);
   DoIt(ctx);
+  // The refused file is told once, by the message that says why.
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].title, kNotDocxTitle);
   EXPECT_EQ(Listed(), sum);
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, occurrences);
   EXPECT_EQ(run.FilesCounted(), 3);
