@@ -7,12 +7,13 @@ void FileTally::StartFile(int32_t file) {
   file_ = file;
 }
 
-void FileTally::Add(int32_t id) {
+void FileTally::Add(int32_t id, int32_t occurrences) {
   // The store hands out ids in order, so a new word is at most one past the end.
   const auto i = static_cast<size_t>(id);
   if (i >= current_.size()) current_.resize(i + 1, 0);
   // Never above the store's own count, which is checked for overflow.
-  if (current_[i]++ == 0) seen_.push_back(id);
+  if (current_[i] == 0) seen_.push_back(id);
+  current_[i] += occurrences;
 }
 
 void FileTally::EndFile() {

@@ -17,8 +17,8 @@ class FileTally {
  public:
   // Starts counting for file (files are started in ascending index order).
   void StartFile(int32_t file);
-  // One more occurrence of the store's word id in the current file.
-  void Add(int32_t id);
+  // occurrences more of the store's word id in the current file.
+  void Add(int32_t id, int32_t occurrences = 1);
   // Ends the last file and groups the counts by word, for CountsOf.
   void Finish();
   // The per-file counts of word id, in ascending file order, as of the last Finish.

@@ -131,7 +131,7 @@ class PieceRun {
 bool CountFileInPieces(EngineContext& ctx, const LineCounting& lines, const std::string& path,
                        LineReader& reader, LinePreparer& preparer) {
   const int threads = WorkerThreads(ctx);
-  if (threads < 2 || ctx.fileTally != nullptr || reader.Size() <= ctx.pieceBytes) return false;
+  if (threads < 2 || reader.Size() <= ctx.pieceBytes) return false;
   PieceRun(ctx, lines, path, reader, preparer, threads).Run();
   return true;
 }

@@ -17,8 +17,8 @@
 
 namespace wordtally {
 
-// Counts the file at path in pieces when that pays (more than one thread, larger than one piece,
-// no per-file tally), reading it from preparer's state (its start). reader is the file's reader
+// Counts the file at path in pieces when that pays (more than one thread, larger than one
+// piece), reading it from preparer's state (its start). reader is the file's reader
 // for the pieces read again here: its error, if any, is the run's read failure. Returns false,
 // having done nothing, when the file is better read line after line.
 bool CountFileInPieces(EngineContext& ctx, const LineCounting& lines, const std::string& path,

@@ -34,7 +34,8 @@ void MergeCountedPiece(EngineContext& ctx, const CountedPiece& piece) {
   for (size_t id = 0; id < words.size(); ++id) {
     if (static_cast<int32_t>(id) == piece.utf8SwitchAt) SwitchUtf8On(ctx);
     bool isNew;
-    ctx.store.CountWord(words[id].first, isNew, words[id].second);
+    const int32_t mergedId = ctx.store.CountWord(words[id].first, isNew, words[id].second);
+    if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, words[id].second);
     if (isNew) AnnounceNewWord(ctx, words[id].first);
   }
   if (piece.exit.IsUtf8()) SwitchUtf8On(ctx);

@@ -56,6 +56,7 @@ TEST_F(CorpusRunTest, TotalsAreTheSumsOfOneFileRunsAndColumnsTheirCounts) {
   std::vector<WordCounts> alone;
   WordCounts sum;
   int32_t occurrences = 0;
+  ctx.threads = 1;  // the one-file runs line after line
   for (const std::string& file : files) {
     settings.txbFile[0] = file;
     DoIt(ctx);
@@ -65,6 +66,10 @@ TEST_F(CorpusRunTest, TotalsAreTheSumsOfOneFileRunsAndColumnsTheirCounts) {
   }
 
   host.messages.clear();
+  // The corpus's larger files in small pieces on threads: their per-file counts come from the
+  // pieces' stores.
+  ctx.threads = 3;
+  ctx.pieceBytes = 256;
   CorpusRun run({files[0], refused, files[1], files[2]});
   run.Attach(ctx);
   DoIt(ctx);

@@ -116,6 +116,8 @@ class CorpusWindowTest : public QObject {
     Write("long1.txt", lines);
     Write("long2.txt", lines);
     Drop(&*window_, {"long1.txt", "long2.txt"});
+    // Line after line, so that the poll surely finds the second file being read.
+    window_->context().threads = 1;
     QTimer poll;
     connect(&poll, &QTimer::timeout, [&] {
       if (!Text("lblStatus").startsWith("File 2 of 2: long2.txt")) return;
