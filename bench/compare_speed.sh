@@ -10,7 +10,9 @@
 #   distinct10m.txt ten million different words, likewise,
 #   huge.txt       (with --huge only) thirty copies of kjv10.txt, about 1.3 GB, for the memory check.
 # For each input it runs, interleaved, RUNS times (default 7)
-#   wordtally --order frequency --output FILE INPUT   (the default rules, by frequency, file out)
+#   wordtally --order frequency --output FILE INPUT   (the default rules, by frequency, file out;
+#                                                     every core)
+#   the same with --threads 1
 #   tuned_counter INPUT
 #   wc -w INPUT
 # and prints the median wall time of each, the ratios, and the median peak memory.
@@ -95,20 +97,23 @@ median() {
 }
 
 echo "wordtally: $wordtally   runs per program: $runs   (times in seconds, medians)"
-printf '%-16s %10s %8s %8s %8s %8s %8s %11s %11s\n' input bytes ours C wc-w ours/C \
-  ours/wc "ours_peak" "C_peak"
+printf '%-16s %10s %8s %8s %8s %8s %8s %8s %8s %11s %11s\n' input bytes ours ours-1t C wc-w \
+  ours/C 1t/C ours/wc "ours_peak" "C_peak"
 for input in "${inputs[@]}"; do
   cat "$input" > /dev/null  # every run finds the file in the page cache
-  rm -f "$scratch"/{ours,c,wc}
+  rm -f "$scratch"/{ours,ours1,c,wc}
   for ((run = 0; run < runs; run++)); do
     measure ours "$wordtally" --order frequency --output "$scratch/out.txt" "$input"
+    measure ours1 "$wordtally" --threads 1 --order frequency --output "$scratch/out.txt" "$input"
     measure c "$counter" "$input"
     measure wc wc -w "$input"
   done
-  ours=$(median ours 1) c=$(median c 1) wc=$(median wc 1)
+  ours=$(median ours 1) ours1=$(median ours1 1) c=$(median c 1) wc=$(median wc 1)
   awk -v name="$(basename "$input" .txt)" -v bytes="$(stat -c %s "$input")" -v ours="$ours" \
-    -v c="$c" -v wc="$wc" -v peak="$(median ours 2)" -v cpeak="$(median c 2)" 'BEGIN {
-      printf "%-16s %10d %8.3f %8.3f %8.3f %8.2f %8.2f %7.1f MiB %7.1f MiB\n", name, bytes,
-        ours / 1000, c / 1000, wc / 1000, ours / c, ours / wc, peak / 1024, cpeak / 1024
+    -v ours1="$ours1" -v c="$c" -v wc="$wc" -v peak="$(median ours 2)" \
+    -v cpeak="$(median c 2)" 'BEGIN {
+      printf "%-16s %10d %8.3f %8.3f %8.3f %8.3f %8.2f %8.2f %8.2f %7.1f MiB %7.1f MiB\n", name,
+        bytes, ours / 1000, ours1 / 1000, c / 1000, wc / 1000, ours / c, ours1 / c, ours / wc,
+        peak / 1024, cpeak / 1024
     }'
 done
