@@ -1,6 +1,7 @@
 #pragma once
 // A host that shows nothing: a file is read in the encoding it seems to have, other questions take
-// their default button, and the messages that warn or refuse are kept, for a count that runs behind the front end's back (the keyword reference).
+// their default button, and the messages that warn or refuse are kept. For a count that runs
+// behind the front end's back (the keyword reference) and for benchmarks.
 #include <vector>
 
 #include "support/host.h"

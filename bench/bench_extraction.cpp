@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/quiet_host.h"
+#include "analysis/quiet_host.h"
 #include "engine/engine_context.h"
 #include "engine/word_extraction.h"
 
@@ -47,7 +47,7 @@ void BM_WalkBibleLines(benchmark::State& state) {
   }
   const std::vector<std::string_view> lines = Lines(text);
   constexpr int kRepeats = 100;
-  bench::QuietHost host;
+  QuietHost host;
   CountingSettings settings;
   int64_t words = 0;
   for (auto _ : state) {

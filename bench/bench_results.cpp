@@ -7,7 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "bench/quiet_host.h"
+#include "analysis/quiet_host.h"
 #include "engine/word_store.h"
 #include "results/listing.h"
 #include "results/listing_line.h"
@@ -78,7 +78,7 @@ void BM_SortTwoMillionWords(benchmark::State& state) {
 void BM_RankTwoMillionWords(benchmark::State& state) {
   std::vector<WordListEntry> list = CountedStore();
   QuickSortWords(list, 1, kNumWords, 1);
-  bench::QuietHost host;
+  QuietHost host;
   for (auto _ : state) benchmark::DoNotOptimize(Rank(list, host).lngFirstFreq);
 }
 
@@ -86,7 +86,7 @@ void BM_RankTwoMillionWords(benchmark::State& state) {
 void BM_ListTwoMillionWordsToFile(benchmark::State& state) {
   std::vector<WordListEntry> list = CountedStore();
   QuickSortWords(list, 1, kNumWords, 1);
-  bench::QuietHost host;
+  QuietHost host;
   const ListStatistics stats = Rank(list, host);
   TemporaryFolder folder;
   ListingOptions options;

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/quiet_host.h"
+#include "analysis/quiet_host.h"
 #include "results/sorting.h"
 #include "ui/results_source.h"
 #include "ui/table_panel.h"
@@ -36,7 +36,7 @@ std::vector<WordListEntry> RankedStore(ListStatistics& stats) {
     e.Frequency = 1 + rare(random) + (random() % 1000 == 0 ? static_cast<int32_t>(random() % 100000) : 0);
     list.push_back(std::move(e));
   }
-  bench::QuietHost host;
+  QuietHost host;
   MarkIncludedWords(list, false, 2);
   CountIncludedWords(list, stats);
   BuildFrequencyOrder(list, stats, host);
