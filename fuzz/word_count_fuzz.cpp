@@ -4,14 +4,14 @@
 #include <cstdlib>
 #include <string>
 
-#include "bench/quiet_host.h"
+#include "analysis/quiet_host.h"
 #include "engine/engine_context.h"
 #include "engine/run_driver.h"
 #include "fuzz/fuzz_input.h"
 
 namespace {
 
-class ClipboardHost : public wordtally::bench::QuietHost {
+class ClipboardHost : public wordtally::QuietHost {
  public:
   explicit ClipboardHost(std::u16string text) : text_(std::move(text)) {}
   std::u16string ClipboardText() override { return text_; }
