@@ -173,7 +173,7 @@ void ListResults(EngineContext& ctx) {
 void CountAndList(EngineContext& ctx) {
   StartClock(ctx);
   if (!CountSource(ctx)) return;
-  QuickSortWords(ctx.store.WordList(), 1, ctx.store.lngNumWords(), 1);
+  SortWordList(ctx.store.WordList());
   if (!ctx.run.blnStop || ConfirmListingAfterStop(ctx)) ListResults(ctx);
 }
 

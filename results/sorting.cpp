@@ -64,6 +64,18 @@ void QuickSortWords(std::span<WordListEntry> WordList, int32_t lo, int32_t hi,
   }
 }
 
+// With strictly ascending keys, every partition stops both scans at its middle entry and
+// exchanges nothing.
+void SortWordList(std::span<WordListEntry> WordList) {
+  const int32_t lngNumWords = NumWords(WordList);
+  const auto first = WordList.begin() + (WordList.empty() ? 0 : 1);
+  const bool ascending = std::adjacent_find(first, WordList.end(), [](const WordListEntry& a,
+                                                                     const WordListEntry& b) {
+                           return !LessCodeUnits(a.SortKey, b.SortKey);
+                         }) == WordList.end();
+  if (!ascending) QuickSortWords(WordList, 1, lngNumWords, 1);
+}
+
 void MarkIncludedWords(std::span<WordListEntry> WordList, bool blnIgnoreInfrequentWords,
                        int32_t intThresholdFrequency) {
   const int32_t lngNumWords = NumWords(WordList);

@@ -16,6 +16,10 @@ namespace wordtally {
 // these exact steps leave them (the sort is not stable, but it is deterministic).
 void QuickSortWords(std::span<WordListEntry> WordList, int32_t lo, int32_t hi,
                     int32_t intStartPos);
+// QuickSortWords over the whole list (element 0 unused), from the keys' first position. It leaves
+// strictly ascending keys where they are, so such a list (the common case: the store hands its
+// records out in word order, and most words are their own key) is only checked, not sorted.
+void SortWordList(std::span<WordListEntry> WordList);
 
 // Sets Included on every word, then clears it on words counted fewer than intThresholdFrequency
 // times when infrequent words are to be ignored.
