@@ -12,7 +12,6 @@
 namespace wordtally {
 namespace {
 
-constexpr std::string_view kProcessingInputFile = "Now processing input file ...";
 constexpr std::string_view kNotCountedTitle = "File not counted";
 constexpr std::string_view kOtherSettingsTitle = "Count file made under other settings";
 

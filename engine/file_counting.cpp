@@ -22,7 +22,6 @@
 namespace wordtally {
 namespace {
 
-constexpr std::string_view kProcessingInputFile = "Now processing input file ...";
 constexpr std::string_view kSameFile = "Output file cannot be the same as the input file.";
 constexpr std::string_view kDocxOutput = "Output file cannot be a 'docx' file.";
 constexpr int64_t kLargeInputBytes = 204800;

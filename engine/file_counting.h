@@ -4,12 +4,16 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "engine/line_counting.h"
 
 namespace wordtally {
 
 struct EngineContext;
+
+// The output box's text while the files are read, until the first word replaces it.
+inline constexpr std::string_view kProcessingInputFile = "Now processing input file ...";
 
 // The "Yes to all" / "No to all" answers to "UTF-8 or ANSI file?", one per verdict: the chkUTF8
 // value to use for every later file that seems UTF-8, or that seems not to be.
