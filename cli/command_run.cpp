@@ -56,15 +56,13 @@ std::optional<CountingSettings> SettingsFromCommandLine(const CommandLineOptions
 }
 
 int RunCommandLine(const CommandLineOptions& options, CountingSettings& settings,
-                   const std::function<void(CorpusRun&)>& prepareCorpus) {
+                   const RunPreparation& prepare) {
   const bool corpus = WantsCorpusRun(options);
   ConsoleHost host(EncodingOf(options), options.verbose, isatty(STDERR_FILENO) == 1);
   EngineContext ctx(host, settings);
   CorpusRun corpusRun(options.inputs);
-  if (corpus) {
-    corpusRun.Attach(ctx);
-    if (prepareCorpus) prepareCorpus(corpusRun);
-  }
+  if (corpus) corpusRun.Attach(ctx);
+  if (prepare) prepare(ctx, corpusRun);
   // Standard input is counted as it streams in, so that memory does not grow with it.
   LineReader standardInput;
   if (!settings.optInFile) {

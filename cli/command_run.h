@@ -10,6 +10,7 @@
 #include "cli/console_host.h"
 #include "corpus/corpus_run.h"
 #include "engine/counting_settings.h"
+#include "engine/engine_context.h"
 
 namespace wordtally {
 
@@ -21,11 +22,14 @@ EncodingChoice EncodingOf(const CommandLineOptions& options);
 std::optional<CountingSettings> SettingsFromCommandLine(const CommandLineOptions& options,
                                                         std::string& error, int& exitStatus);
 
+// Applied to the run's context and corpus run (attached only when the options ask for a corpus
+// run) before the count.
+using RunPreparation = std::function<void(EngineContext&, CorpusRun&)>;
+
 // Counts and lists as the options ask: the listing (and statistics) on standard output, the
-// messages on standard error; returns the exit status. prepareCorpus, when set, is applied to a
-// corpus run before it is counted.
+// messages on standard error; returns the exit status.
 int RunCommandLine(const CommandLineOptions& options, CountingSettings& settings,
-                   const std::function<void(CorpusRun&)>& prepareCorpus = {});
+                   const RunPreparation& prepare = {});
 
 // Calls run; an exception nothing caught becomes the error report on standard error and the
 // exit status 1.

@@ -15,6 +15,8 @@
 
 namespace wordtally {
 
+class PartHelpers;
+
 struct CommonWordsList {
   std::vector<AnsiString> words;  // ascending code-unit order, lower case, distinct
   AnsiString strCommonWordsFile;
@@ -50,6 +52,8 @@ struct EngineContext {
   // (0: one per core; 1: the file is read on this thread alone, line after line).
   int threads = 0;
   int64_t pieceBytes = int64_t{4} << 20;
+  // When set, a large input file is also shared with other processes (the ranks of an MPI job).
+  PartHelpers* partHelpers = nullptr;
 
   // Gives the event loop a turn once start-up has completed. Cheap: the host is asked only every
   // kTurnStride calls, and it decides by its clock whether a real turn is due.

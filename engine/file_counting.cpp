@@ -107,7 +107,9 @@ FileOutcome CountFileLines(EngineContext& ctx, LineReader& reader, const std::st
   ctx.run.comment = CommentState{};
   LinePreparer preparer(inputFile, ctx.settings.chkUTF8 == 1, isDocx);
   SetTotalNumOccurrencesForFileProgressBar(ctx);
-  if (isDocx || !CountFileInPieces(ctx, kLineCounting, inputFile, reader, preparer)) {
+  const FilePiece whole{inputFile, 0, reader.Size()};
+  if (isDocx || !(CountFileWithHelpers(ctx, kLineCounting, whole, reader, preparer) ||
+                  CountRangeInPieces(ctx, kLineCounting, whole, reader, preparer))) {
     CountLines(ctx, reader, preparer, onProgress);
   }
   return reader.ErrorNumber() == 0 ? FileOutcome::Counted : FileOutcome::ReadInPart;
@@ -135,6 +137,11 @@ bool CountFile(EngineContext& ctx, const std::string& inputFile) {
 }
 
 }  // namespace
+
+CountedPart CountFilePart(const EngineContext& run, const FilePiece& part,
+                          const PreparerDecisions& entry) {
+  return CountPartHere(run, part, entry, kLineCounting);
+}
 
 bool OutputFileAcceptable(EngineContext& ctx, const std::string& inputFile, bool checkDocx) {
   const CountingSettings& s = ctx.settings;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "engine/line_counting.h"
+#include "engine/part_counting.h"
 
 namespace wordtally {
 
@@ -40,6 +41,11 @@ enum class FileOutcome {
 // the words read before the failure, so that the store and the file's own counts agree.
 FileOutcome CountOneFile(EngineContext& ctx, const std::string& path,
                          const OneFileOptions& options);
+
+// A helper process's side of counting a large text file with others: part of it, from entry,
+// read as a file's lines are (see part_counting.h).
+CountedPart CountFilePart(const EngineContext& run, const FilePiece& part,
+                          const PreparerDecisions& entry);
 
 // Refuses, with a message, an output file that is inputFile or the common-words file, and with
 // checkDocx one that is a docx file.

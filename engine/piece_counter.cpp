@@ -3,6 +3,8 @@
 #include <exception>
 #include <utility>
 
+#include "engine/piece_counting.h"
+
 namespace wordtally {
 
 void PieceHost::SettingsChanged() {
@@ -19,6 +21,8 @@ PieceContext::PieceContext(const EngineContext& run, const std::atomic<bool>& ca
   ctx.commonWords = run.commonWords;
   ctx.run.blnInputIsDocx = run.run.blnInputIsDocx;
   ctx.run.blnStartUpCompleted = true;  // so that the line walk's turns look at cancel
+  ctx.threads = 1;  // a piece is read line after line; a part handed to a process sets its own
+  ctx.pieceBytes = run.pieceBytes;
 }
 
 CountedPiece CountPiece(const FilePiece& piece, const LinePreparer& entry,
@@ -27,10 +31,8 @@ CountedPiece CountPiece(const FilePiece& piece, const LinePreparer& entry,
   EngineContext& ctx = context->ctx;
   try {
     LineReader reader;
-    if (reader.OpenRange(piece.path, piece.begin, piece.end)) {
-      lines.countLines(ctx, reader, counted.exit);
-      counted.complete = reader.ErrorNumber() == 0 && !ctx.run.blnStop;
-    }
+    CountRange(ctx, lines, piece, reader, counted.exit);
+    counted.complete = reader.ErrorNumber() == 0 && !ctx.run.blnStop;
   } catch (const std::exception&) {
     // The main thread counts the piece again itself, and meets the error where a one-thread
     // run would.

@@ -77,7 +77,8 @@ struct CountedPiece {
   std::unique_ptr<PieceContext> counted;
 };
 
-// Counts piece from the state entry (comments taken as closed), into context's store.
+// Counts piece from the state entry (comments taken as closed), into context's store: on the
+// context's threads when it has more than one and the piece is larger than one of its pieces.
 CountedPiece CountPiece(const FilePiece& piece, const LinePreparer& entry,
                         std::unique_ptr<PieceContext> context, const LineCounting& lines);
 

@@ -5,7 +5,6 @@
 #include <chrono>
 #include <deque>
 #include <future>
-#include <limits>
 #include <memory>
 #include <thread>
 
@@ -27,20 +26,14 @@ void GiveTurn(EngineContext& ctx) {
   if (ctx.run.blnStartUpCompleted) ctx.host.ProcessEvents();
 }
 
-bool OutsideComment(const CommentState& state) {
-  return state.intWithinComment == -1 && !state.startMarkerPending;
-}
-
 class PieceRun {
  public:
-  PieceRun(EngineContext& ctx, const LineCounting& lines, const std::string& path,
+  PieceRun(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
            LineReader& reader, LinePreparer& preparer, int threads)
       : ctx_(ctx), lines_(lines), reader_(reader), preparer_(preparer),
-        size_(reader.Size()), planner_(path, size_, ctx.pieceBytes),
+        size_(reader.Size()), planner_(range, ctx.pieceBytes),
         window_(2 * static_cast<size_t>(threads)), pool_(threads) {
-    predicted_ = preparer_;
-    predicted_.TakeFirstLine(FirstLineOf(path, size_));
-    predicted_ = predicted_.Resting();
+    predicted_ = PredictedRest(preparer_, range.path, size_);
   }
   // The workers still counting see cancel and end soon; the pool waits for them.
   ~PieceRun() { cancel_ = true; }
@@ -100,10 +93,8 @@ class PieceRun {
   }
 
   bool Mergeable(const CountedPiece& piece) const {
-    const int64_t total = int64_t{ctx_.run.lngTotalNumOccurrences} +
-                          piece.counted->ctx.run.lngTotalNumOccurrences;
-    return piece.complete && preparer_.SameStateAs(piece.entry) &&
-           OutsideComment(ctx_.run.comment) && total <= std::numeric_limits<int32_t>::max();
+    return MergesExactly(ctx_, preparer_, piece.entry, piece.complete,
+                         piece.counted->ctx.run.lngTotalNumOccurrences);
   }
 
   // The one-thread line loop over the piece, from the real state, straight into ctx.
@@ -128,12 +119,24 @@ class PieceRun {
 
 }  // namespace
 
-bool CountFileInPieces(EngineContext& ctx, const LineCounting& lines, const std::string& path,
-                       LineReader& reader, LinePreparer& preparer) {
+LinePreparer PredictedRest(const LinePreparer& preparer, const std::string& path, int64_t size) {
+  LinePreparer predicted = preparer;
+  if (predicted.Decisions().firstLinePending) predicted.TakeFirstLine(FirstLineOf(path, size));
+  return predicted.Resting();
+}
+
+bool CountRangeInPieces(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
+                        LineReader& reader, LinePreparer& preparer) {
   const int threads = WorkerThreads(ctx);
-  if (threads < 2 || reader.Size() <= ctx.pieceBytes) return false;
-  PieceRun(ctx, lines, path, reader, preparer, threads).Run();
+  if (threads < 2 || range.end - range.begin <= ctx.pieceBytes) return false;
+  PieceRun(ctx, lines, range, reader, preparer, threads).Run();
   return true;
+}
+
+void CountRange(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
+                LineReader& reader, LinePreparer& preparer) {
+  if (CountRangeInPieces(ctx, lines, range, reader, preparer)) return;
+  if (reader.OpenRange(range.path, range.begin, range.end)) lines.countLines(ctx, reader, preparer);
 }
 
 }  // namespace wordtally

@@ -17,11 +17,20 @@
 
 namespace wordtally {
 
-// Counts the file at path in pieces when that pays (more than one thread, larger than one
-// piece), reading it from preparer's state (its start). reader is the file's reader
-// for the pieces read again here: its error, if any, is the run's read failure. Returns false,
-// having done nothing, when the file is better read line after line.
-bool CountFileInPieces(EngineContext& ctx, const LineCounting& lines, const std::string& path,
-                       LineReader& reader, LinePreparer& preparer);
+// Counts range (a whole file, or a stretch of it between line starts) in pieces when that pays
+// (more than one thread, larger than one piece), reading it from preparer's state at its start.
+// reader is the file's reader for the pieces read again here: its error, if any, is the run's
+// read failure. Returns false, having done nothing, when the range is better read line after line.
+bool CountRangeInPieces(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
+                        LineReader& reader, LinePreparer& preparer);
+// Counts range from preparer's state: in pieces when that pays, otherwise line after line through
+// reader (opened on it here).
+void CountRange(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
+                LineReader& reader, LinePreparer& preparer);
+
+// The state a later stretch of the file at path (size bytes) is taken to begin in while the text
+// before it is still being read: preparer's decisions, the markup kind taken from the first line,
+// outside every construct.
+LinePreparer PredictedRest(const LinePreparer& preparer, const std::string& path, int64_t size);
 
 }  // namespace wordtally

@@ -1,5 +1,6 @@
 #include "engine/piece_merge.h"
 
+#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -17,30 +18,43 @@ void SwitchUtf8On(EngineContext& ctx) {
   ctx.host.SettingsChanged();
 }
 
-// The store's words with their counts, indexed by id: the order of arrival.
-std::vector<std::pair<std::string_view, int32_t>> WordsByArrival(const WordStore& store) {
-  std::vector<std::pair<std::string_view, int32_t>> words(static_cast<size_t>(store.lngNumWords()));
+}  // namespace
+
+WordsByArrival WordsInArrivalOrder(const WordStore& store) {
+  WordsByArrival words(static_cast<size_t>(store.lngNumWords()));
   store.ForEachWord([&words](std::string_view word, int32_t frequency, int32_t id) {
     words[static_cast<size_t>(id)] = {word, frequency};
   });
   return words;
 }
 
-}  // namespace
+bool MergesExactly(const EngineContext& ctx, const LinePreparer& here, const LinePreparer& assumed,
+                   bool complete, int32_t occurrences) {
+  const CommentState& comment = ctx.run.comment;
+  const bool outsideComment = comment.intWithinComment == -1 && !comment.startMarkerPending;
+  const int64_t total = int64_t{ctx.run.lngTotalNumOccurrences} + occurrences;
+  return complete && here.SameStateAs(assumed) && outsideComment &&
+         total <= std::numeric_limits<int32_t>::max();
+}
 
-void MergeCountedPiece(EngineContext& ctx, const CountedPiece& piece) {
-  const EngineContext& counted = piece.counted->ctx;
-  const auto words = WordsByArrival(counted.store);
+void MergeStretch(EngineContext& ctx, const StretchCounts& stretch) {
+  const WordsByArrival& words = stretch.words;
   for (size_t id = 0; id < words.size(); ++id) {
-    if (static_cast<int32_t>(id) == piece.utf8SwitchAt) SwitchUtf8On(ctx);
+    if (static_cast<int32_t>(id) == stretch.utf8SwitchAt) SwitchUtf8On(ctx);
     bool isNew;
     const int32_t mergedId = ctx.store.CountWord(words[id].first, isNew, words[id].second);
     if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, words[id].second);
     if (isNew) AnnounceNewWord(ctx, words[id].first);
   }
-  if (piece.exit.IsUtf8()) SwitchUtf8On(ctx);
-  ctx.run.lngTotalNumOccurrences += counted.run.lngTotalNumOccurrences;
-  ctx.run.lngNumWordsIgnored += counted.run.lngNumWordsIgnored;
+  if (stretch.exitUtf8) SwitchUtf8On(ctx);
+  ctx.run.lngTotalNumOccurrences += stretch.occurrences;
+  ctx.run.lngNumWordsIgnored += stretch.wordsIgnored;
+}
+
+void MergeCountedPiece(EngineContext& ctx, const CountedPiece& piece) {
+  const EngineContext& counted = piece.counted->ctx;
+  MergeStretch(ctx, {WordsInArrivalOrder(counted.store), counted.run.lngTotalNumOccurrences,
+                     counted.run.lngNumWordsIgnored, piece.utf8SwitchAt, piece.exit.IsUtf8()});
 }
 
 }  // namespace wordtally

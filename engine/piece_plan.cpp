@@ -14,12 +14,13 @@ constexpr std::size_t kSearchBlock = 64 << 10;
 
 }  // namespace
 
-PiecePlanner::PiecePlanner(std::string path, int64_t size, int64_t pieceBytes)
-    : path_(std::move(path)), size_(size), pieceBytes_(std::max<int64_t>(pieceBytes, 1)) {}
+PiecePlanner::PiecePlanner(FilePiece range, int64_t pieceBytes)
+    : range_(std::move(range)), pieceBytes_(std::max<int64_t>(pieceBytes, 1)),
+      next_(range_.begin) {}
 
 std::optional<FilePiece> PiecePlanner::Next() {
-  if (next_ >= size_) return std::nullopt;
-  FilePiece piece{path_, next_, LineStartAfter(next_ + pieceBytes_ - 1)};
+  if (next_ >= range_.end) return std::nullopt;
+  FilePiece piece{range_.path, next_, LineStartAfter(next_ + pieceBytes_ - 1)};
   next_ = piece.end;
   return piece;
 }
@@ -28,12 +29,12 @@ std::optional<FilePiece> PiecePlanner::Next() {
 // reader of the whole file does (CR LF split over two blocks included); an over-long line comes
 // in several pieces, of which only the last ends the line.
 int64_t PiecePlanner::LineStartAfter(int64_t offset) const {
-  if (offset >= size_) return size_;
+  if (offset >= range_.end) return range_.end;
   LineReader reader(kSearchBlock);
-  if (!reader.OpenRange(path_, offset, size_)) return size_;
+  if (!reader.OpenRange(range_.path, offset, range_.end)) return range_.end;
   std::string_view line;
   do {
-    if (!reader.NextLine(line)) return size_;
+    if (!reader.NextLine(line)) return range_.end;
   } while (reader.LineGoesOn());
   return reader.BytesConsumed();
 }

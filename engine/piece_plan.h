@@ -16,8 +16,9 @@ struct FilePiece {
 
 class PiecePlanner {
  public:
-  // Pieces of at least pieceBytes (the last one may be shorter) of a file of size bytes.
-  PiecePlanner(std::string path, int64_t size, int64_t pieceBytes);
+  // Pieces of at least pieceBytes (the last one may be shorter) of range, which begins and ends
+  // at line starts (or the file's ends).
+  PiecePlanner(FilePiece range, int64_t pieceBytes);
 
   // The next piece; none after the last.
   std::optional<FilePiece> Next();
@@ -26,10 +27,9 @@ class PiecePlanner {
   // The first line start after offset (a line is longer than a piece: the piece grows).
   int64_t LineStartAfter(int64_t offset) const;
 
-  std::string path_;
-  int64_t size_;
+  FilePiece range_;
   int64_t pieceBytes_;
-  int64_t next_ = 0;
+  int64_t next_;
 };
 
 // The file's first line, raw ("" when it cannot be read).

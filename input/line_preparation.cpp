@@ -9,6 +9,15 @@ namespace wordtally {
 LinePreparer::LinePreparer(std::string fileName, bool isUtf8, bool inputIsDocx)
     : fileName_(std::move(fileName)), isUtf8_(isUtf8), inputIsDocx_(inputIsDocx) {}
 
+LinePreparer::LinePreparer(std::string fileName, const PreparerDecisions& decisions)
+    : fileName_(std::move(fileName)),
+      isUtf8_(decisions.isUtf8),
+      inputIsDocx_(false),
+      firstLine_(decisions.firstLinePending),
+      headSkipped_(decisions.headSkipped),
+      kind_(decisions.kind),
+      filter_(decisions.kind) {}
+
 bool LinePreparer::NextLine(LineReader& reader, AnsiString& line) {
   std::string_view raw;
   if (!reader.NextLine(raw)) return false;

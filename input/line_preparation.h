@@ -10,11 +10,22 @@
 
 namespace wordtally {
 
+// What a preparer outside every construct that spans lines has decided so far: all there is of
+// its state, so that another process can take up a file where this one leaves it.
+struct PreparerDecisions {
+  bool isUtf8 = false;
+  bool firstLinePending = true;
+  bool headSkipped = false;
+  MarkupKind kind = MarkupKind::None;
+};
+
 class LinePreparer {
  public:
   // fileName decides the markup kind (an HTML doctype on the first line makes a file HTML too).
   // Docx text is already decoded: it skips the UTF-8 translations.
   LinePreparer(std::string fileName, bool isUtf8, bool inputIsDocx);
+  // A text file's preparer at rest with these decisions.
+  LinePreparer(std::string fileName, const PreparerDecisions& decisions);
 
   // The next line of reader, trimmed, translated when the input is UTF-8 and stripped of markup
   // (it may come back empty); false at the end of the input.
@@ -33,6 +44,9 @@ class LinePreparer {
   // True when the next line is prepared alike by both: same decisions, and both outside every
   // construct that spans lines (a filter inside markup counts as different).
   bool SameStateAs(const LinePreparer& other) const;
+  // Outside every construct that spans lines: Decisions() then tell the whole state.
+  bool AtRest() const { return !insideHead_ && !filter_.InsideMarkup(); }
+  PreparerDecisions Decisions() const { return {isUtf8_, firstLine_, headSkipped_, kind_}; }
 
  private:
   std::string fileName_;
