@@ -1,7 +1,8 @@
-// wordtally-mpi: wordtally's count of a corpus spread over the ranks of an MPI job. Rank 0 lists
+// wordtally-mpi: wordtally's count spread over the ranks of an MPI job. For a corpus, rank 0 lists
 // the inputs and gives each rank a share of the text files; every rank counts its share with the
 // same engine; the counts are merged up a tree of messages; rank 0 lists the whole corpus and
-// writes its outputs, as wordtally would.
+// writes its outputs, as wordtally would. For one large file, rank 0 runs as wordtally and hands
+// each other rank a part of the file to count.
 #include <mpi.h>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@
 #include "cli/command_run.h"
 #include "corpus/corpus_files.h"
 #include "mpi/byte_messages.h"
+#include "mpi/rank_helpers.h"
 #include "mpi/rank_report.h"
 #include "mpi/reduction.h"
 #include "mpi/share_count.h"
@@ -59,35 +61,69 @@ TextFileCounts Deliver(ShareResult& all) {
   return {std::move(all.counts), std::move(all.skipped)};
 }
 
+// What the other ranks do: nothing (the command line was refused), count their share of a
+// corpus, or help rank 0 count one large file.
+enum class Plan : int { Idle, Shares, Parts };
+
+Plan BroadcastPlan(Plan plan) {
+  int value = static_cast<int>(plan);
+  MPI_Bcast(&value, 1, MPI_INT, 0, MPI_COMM_WORLD);
+  return static_cast<Plan>(value);
+}
+
+// A run of one input (a file, or standard input) on rank 0, which shares a large file with the
+// other ranks.
+int LeadOneInput(const CommandLineOptions& options, CountingSettings& settings) {
+  RankHelpers helpers(MPI_COMM_WORLD);
+  const int exitStatus =
+      RunCommandLine(options, settings,
+                     [&helpers](EngineContext& ctx, CorpusRun&) { ctx.partHelpers = &helpers; });
+  helpers.Release();
+  if (options.verbose) std::cerr << PartsReport(helpers.PartsReceived(), helpers.BytesReceived());
+  return exitStatus;
+}
+
+int LeadCorpus(const CommandLineOptions& options, CountingSettings& settings, int ranks) {
+  std::vector<Share> shares = SharesOfCorpus(options, ranks);
+  std::string bytes = EncodeShares(shares);
+  BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
+  ShareResult all = CountAndMerge(0, options, settings, shares[0]);
+  const int exitStatus = RunCommandLine(options, settings, [&all](EngineContext&, CorpusRun& run) {
+    run.TakeTextFileCountsFrom(
+        [&all](EngineContext&, const std::vector<std::string>&) { return Deliver(all); });
+  });
+  if (options.verbose) std::cerr << all.report << MergeReport(all);
+  return exitStatus;
+}
+
 int Lead(int argc, char** argv, int ranks) {
   int exitStatus = 0;
   std::string error;
   const auto options = ParseCommandLine(argc, argv, exitStatus);
   auto settings =
       options ? SettingsFromCommandLine(*options, error, exitStatus) : std::nullopt;
-  const bool corpus = settings && WantsCorpusRun(*options);
-  // Without a corpus (one file, standard input, or a refusal) rank 0 runs alone.
-  std::vector<Share> shares = corpus ? SharesOfCorpus(*options, ranks) : std::vector<Share>{};
-  std::string bytes = EncodeShares(shares);
-  BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
   if (!settings) {
+    BroadcastPlan(Plan::Idle);
     if (!error.empty()) std::cerr << error << '\n';
     return exitStatus;
   }
-  if (!corpus) return RunCommandLine(*options, *settings);
-
-  ShareResult all = CountAndMerge(0, *options, *settings, shares[0]);
-  exitStatus = RunCommandLine(*options, *settings, [&all](CorpusRun& run) {
-    run.TakeTextFileCountsFrom(
-        [&all](EngineContext&, const std::vector<std::string>&) { return Deliver(all); });
-  });
-  if (options->verbose) std::cerr << all.report << MergeReport(all);
-  return exitStatus;
+  if (WantsCorpusRun(*options)) {
+    BroadcastPlan(Plan::Shares);
+    return LeadCorpus(*options, *settings, ranks);
+  }
+  BroadcastPlan(Plan::Parts);
+  return LeadOneInput(*options, *settings);
 }
 
 // A rank other than 0: counts the share rank 0 gives it, under its own reading of the command
 // line, and hands the result on; rank 0 tells what happened.
 int Follow(int argc, char** argv, int rank) {
+  const Plan plan = BroadcastPlan(Plan::Idle);  // the value is rank 0's
+  if (plan == Plan::Idle) return 0;
+  if (plan == Plan::Parts) {
+    ServeParts(MPI_COMM_WORLD);
+    return 0;
+  }
   std::string bytes;
   BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
   const std::optional<Share> share = DecodeShare(bytes, rank);

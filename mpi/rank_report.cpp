@@ -35,4 +35,10 @@ std::string MergeReport(const ShareResult& all) {
          PeakMemory() + "\n";
 }
 
+std::string PartsReport(int64_t parts, int64_t bytes) {
+  return "parts counted by other ranks: " + FormatWholeNumber(parts) + ", " +
+         FormatWholeNumber(bytes) + " bytes received; rank 0 after the listing: " + PeakMemory() +
+         "\n";
+}
+
 }  // namespace wordtally

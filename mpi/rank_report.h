@@ -13,5 +13,8 @@ std::string RankReportLine(const std::string& who, const Share& share, double se
 
 // Rank 0's closing lines: the merge's messages and bytes, and its own peak memory.
 std::string MergeReport(const ShareResult& all);
+// Rank 0's closing line after a large file was shared: the parts the other ranks handed back
+// and their bytes, and its own peak memory.
+std::string PartsReport(int64_t parts, int64_t bytes);
 
 }  // namespace wordtally
