@@ -17,6 +17,9 @@ namespace wordtally {
 
 class PartHelpers;
 
+// The size of the pieces a large input file is cut into for the worker threads.
+inline constexpr int64_t kDefaultPieceBytes = int64_t{4} << 20;
+
 struct CommonWordsList {
   std::vector<AnsiString> words;  // ascending code-unit order, lower case, distinct
   AnsiString strCommonWordsFile;
@@ -51,7 +54,7 @@ struct EngineContext {
   // A large input file is counted in pieces of about pieceBytes on this many worker threads
   // (0: one per core; 1: the file is read on this thread alone, line after line).
   int threads = 0;
-  int64_t pieceBytes = int64_t{4} << 20;
+  int64_t pieceBytes = kDefaultPieceBytes;
   // When set, a large input file is also shared with other processes (the ranks of an MPI job).
   PartHelpers* partHelpers = nullptr;
 

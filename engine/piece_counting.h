@@ -29,8 +29,8 @@ void CountRange(EngineContext& ctx, const LineCounting& lines, const FilePiece& 
                 LineReader& reader, LinePreparer& preparer);
 
 // The state a later stretch of the file at path (size bytes) is taken to begin in while the text
-// before it is still being read: preparer's decisions, the markup kind taken from the first line,
-// outside every construct.
+// before it is still being read: preparer's decisions (from the start of the file, those its
+// opening lines take: markup kind, HTML head, charset), outside every construct.
 LinePreparer PredictedRest(const LinePreparer& preparer, const std::string& path, int64_t size);
 
 }  // namespace wordtally

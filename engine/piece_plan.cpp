@@ -39,11 +39,4 @@ int64_t PiecePlanner::LineStartAfter(int64_t offset) const {
   return reader.BytesConsumed();
 }
 
-std::string FirstLineOf(const std::string& path, int64_t size) {
-  LineReader reader(kSearchBlock);
-  std::string_view line;
-  if (!reader.OpenRange(path, 0, size) || !reader.NextLine(line)) return {};
-  return std::string(line);
-}
-
 }  // namespace wordtally

@@ -32,7 +32,4 @@ class PiecePlanner {
   int64_t next_;
 };
 
-// The file's first line, raw ("" when it cannot be read).
-std::string FirstLineOf(const std::string& path, int64_t size);
-
 }  // namespace wordtally

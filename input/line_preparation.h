@@ -35,9 +35,6 @@ class LinePreparer {
   bool IsUtf8() const { return isUtf8_; }
   MarkupKind Kind() const { return kind_; }
 
-  // For a piece of the input that begins at a later line start: decides the markup kind from the
-  // input's first line (raw) now, as the first line read would.
-  void TakeFirstLine(std::string_view firstLine);
   // A copy taken to begin outside every construct that spans lines (markup, the HTML head), the
   // state a piece of the input is assumed to begin in while the pieces before it are counted.
   LinePreparer Resting() const;
@@ -49,6 +46,9 @@ class LinePreparer {
   PreparerDecisions Decisions() const { return {isUtf8_, firstLine_, headSkipped_, kind_}; }
 
  private:
+  // Decides the markup kind from the input's first line (raw).
+  void TakeFirstLine(std::string_view firstLine);
+
   std::string fileName_;
   bool isUtf8_;
   bool inputIsDocx_;

@@ -1,17 +1,17 @@
-// wordtally-mpi: wordtally's count spread over the ranks of an MPI job. For a corpus, rank 0 lists
-// the inputs and gives each rank a share of the text files; every rank counts its share with the
-// same engine; the counts are merged up a tree of messages; rank 0 lists the whole corpus and
-// writes its outputs, as wordtally would. For one large file, rank 0 runs as wordtally and hands
-// each other rank a part of the file to count.
+// wordtally-mpi: wordtally's count spread over the ranks of an MPI job. Rank 0 runs as wordtally
+// does and leaves the reading of the text files to rounds in which every rank takes part: for a
+// corpus, each rank counts a share of the files and the counts are merged up a tree of messages;
+// a large file has a round of its own, in which each rank counts a part of it. Rank 0 lists the
+// whole and writes the outputs, as wordtally would.
 #include <mpi.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <iostream>
+#include <optional>
 
 #include "cli/command_run.h"
-#include "corpus/corpus_files.h"
 #include "mpi/byte_messages.h"
 #include "mpi/rank_helpers.h"
 #include "mpi/rank_report.h"
@@ -23,6 +23,17 @@
 namespace wordtally {
 namespace {
 
+// What the other ranks do next: end, count their share of some of a corpus's files, or help
+// rank 0 count one large file.
+enum class Plan : int { End, Shares, Parts };
+
+// Rank 0's plan, on every rank.
+Plan BroadcastPlan(Plan plan) {
+  int value = static_cast<int>(plan);
+  MPI_Bcast(&value, 1, MPI_INT, 0, MPI_COMM_WORLD);
+  return static_cast<Plan>(value);
+}
+
 std::string RankName(int rank) {
   char host[MPI_MAX_PROCESSOR_NAME];
   int length = 0;
@@ -30,50 +41,85 @@ std::string RankName(int rank) {
   return "rank " + std::to_string(rank) + " on " + std::string(host, length);
 }
 
+double SecondsSince(std::chrono::steady_clock::time_point start) {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+bool ProgressShown(int rank) { return rank == 0 && isatty(STDERR_FILENO) == 1; }
+
 // Counts this rank's share, then merges it up the tree; the whole result on rank 0.
 ShareResult CountAndMerge(int rank, const CommandLineOptions& options,
                           const CountingSettings& settings, const Share& share) {
   const std::string who = RankName(rank);
   const auto start = std::chrono::steady_clock::now();
-  ShareResult own = CountShare(options, settings, share, who,
-                               rank == 0 && isatty(STDERR_FILENO) == 1);
-  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-  if (options.verbose) own.report = RankReportLine(who, share, seconds.count());
+  ShareResult own = CountShare(options, settings, share, who, ProgressShown(rank));
+  if (options.verbose) own.report = RankReportLine(who, share, SecondsSince(start));
   return ReduceShares(std::move(own), MPI_COMM_WORLD);
 }
 
-std::vector<Share> SharesOfCorpus(const CommandLineOptions& options, int ranks) {
-  std::vector<std::string> files;
-  std::vector<int64_t> sizes;
-  for (const CorpusInput& input : ExpandCorpusInputs(options.inputs)) {
-    if (input.isCountFile) continue;  // read by rank 0's run, after the text files, as wordtally
-    files.push_back(input.path);
-    sizes.push_back(std::max<int64_t>(FileSize(input.path), 0));
-  }
-  return DivideIntoShares(files, sizes, ranks);
+// Rank 0's side of a round of shares.
+ShareResult LeadShares(const CommandLineOptions& options, const CountingSettings& settings,
+                       const std::vector<Share>& shares) {
+  BroadcastPlan(Plan::Shares);
+  std::string bytes = EncodeShares(shares);
+  BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
+  return CountAndMerge(0, options, settings, shares[0]);
 }
 
-// Where the corpus run would read its text files: the messages the ranks gathered, in input
-// order, then their merged counts, or the failure.
-TextFileCounts Deliver(ShareResult& all) {
+// Rank 0's side of a large file's round: it counts the file with the other ranks' help.
+ShareResult LeadLargeFile(const CommandLineOptions& options, const CountingSettings& settings,
+                          const std::string& file) {
+  BroadcastPlan(Plan::Parts);
+  RankHelpers helpers(MPI_COMM_WORLD);
+  const std::string who = RankName(0);
+  const auto start = std::chrono::steady_clock::now();
+  ShareResult result = CountShare(options, settings, {file}, who, ProgressShown(0), &helpers);
+  helpers.Release();
+  if (options.verbose) result.report = RankReportLine(who + " and its helpers", {file},
+                                                      SecondsSince(start));
+  result.bytesSent = helpers.BytesReceived();
+  result.messagesSent = helpers.PartsReceived();
+  return result;
+}
+
+// Where the corpus run would read its text files: counts them round after round, tells the
+// messages gathered, in input order, and hands over the merged counts, or throws the failure.
+// all keeps the figures for --verbose.
+TextFileCounts CountInRounds(const CommandLineOptions& options, const CountingSettings& settings,
+                             const std::vector<std::string>& files, int ranks, ShareResult& all) {
+  std::vector<int64_t> sizes;
+  for (const std::string& file : files) sizes.push_back(std::max<int64_t>(FileSize(file), 0));
+  const std::vector<Round> rounds = PlanRounds(files, sizes, ranks, kDefaultPieceBytes);
+  for (size_t i = 0; i < rounds.size() && all.failure.empty(); ++i) {
+    ShareResult result = rounds[i].largeFile.empty()
+                             ? LeadShares(options, settings, rounds[i].shares)
+                             : LeadLargeFile(options, settings, rounds[i].largeFile);
+    if (i == 0) {
+      all = std::move(result);
+    } else {
+      all.Append(std::move(result));
+    }
+  }
   std::cerr << all.messages;
   if (!all.failure.empty()) throw RunError(kErrInternal, all.failure);
   return {std::move(all.counts), std::move(all.skipped)};
 }
 
-// What the other ranks do: nothing (the command line was refused), count their share of a
-// corpus, or help rank 0 count one large file.
-enum class Plan : int { Idle, Shares, Parts };
-
-Plan BroadcastPlan(Plan plan) {
-  int value = static_cast<int>(plan);
-  MPI_Bcast(&value, 1, MPI_INT, 0, MPI_COMM_WORLD);
-  return static_cast<Plan>(value);
+int LeadCorpus(const CommandLineOptions& options, CountingSettings& settings, int ranks) {
+  const CountingSettings asGiven = settings;  // every round counts under the command line's
+  ShareResult all;
+  const int exitStatus = RunCommandLine(options, settings, [&](EngineContext&, CorpusRun& run) {
+    run.TakeTextFileCountsFrom([&](EngineContext&, const std::vector<std::string>& files) {
+      return CountInRounds(options, asGiven, files, ranks, all);
+    });
+  });
+  if (options.verbose) std::cerr << all.report << MergeReport(all);
+  return exitStatus;
 }
 
-// A run of one input (a file, or standard input) on rank 0, which shares a large file with the
-// other ranks.
+// A run of one input (a file, or standard input): a large file is counted in one round of parts.
 int LeadOneInput(const CommandLineOptions& options, CountingSettings& settings) {
+  BroadcastPlan(Plan::Parts);
   RankHelpers helpers(MPI_COMM_WORLD);
   const int exitStatus =
       RunCommandLine(options, settings,
@@ -83,65 +129,80 @@ int LeadOneInput(const CommandLineOptions& options, CountingSettings& settings) 
   return exitStatus;
 }
 
-int LeadCorpus(const CommandLineOptions& options, CountingSettings& settings, int ranks) {
-  std::vector<Share> shares = SharesOfCorpus(options, ranks);
-  std::string bytes = EncodeShares(shares);
-  BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
-  ShareResult all = CountAndMerge(0, options, settings, shares[0]);
-  const int exitStatus = RunCommandLine(options, settings, [&all](EngineContext&, CorpusRun& run) {
-    run.TakeTextFileCountsFrom(
-        [&all](EngineContext&, const std::vector<std::string>&) { return Deliver(all); });
-  });
-  if (options.verbose) std::cerr << all.report << MergeReport(all);
-  return exitStatus;
-}
-
 int Lead(int argc, char** argv, int ranks) {
   int exitStatus = 0;
   std::string error;
   const auto options = ParseCommandLine(argc, argv, exitStatus);
   auto settings =
       options ? SettingsFromCommandLine(*options, error, exitStatus) : std::nullopt;
-  if (!settings) {
-    BroadcastPlan(Plan::Idle);
-    if (!error.empty()) std::cerr << error << '\n';
-    return exitStatus;
+  if (settings) {
+    exitStatus = WantsCorpusRun(*options) ? LeadCorpus(*options, *settings, ranks)
+                                          : LeadOneInput(*options, *settings);
+  } else if (!error.empty()) {
+    std::cerr << error << '\n';
   }
-  if (WantsCorpusRun(*options)) {
-    BroadcastPlan(Plan::Shares);
-    return LeadCorpus(*options, *settings, ranks);
-  }
-  BroadcastPlan(Plan::Parts);
-  return LeadOneInput(*options, *settings);
+  BroadcastPlan(Plan::End);
+  return exitStatus;
 }
 
-// A rank other than 0: counts the share rank 0 gives it, under its own reading of the command
-// line, and hands the result on; rank 0 tells what happened.
-int Follow(int argc, char** argv, int rank) {
-  const Plan plan = BroadcastPlan(Plan::Idle);  // the value is rank 0's
-  if (plan == Plan::Idle) return 0;
-  if (plan == Plan::Parts) {
-    ServeParts(MPI_COMM_WORLD);
-    return 0;
+// A rank other than 0 reads the command line itself, when its first share comes (never for
+// --help or a refused command line, which rank 0 answers alone).
+class FollowerCommandLine {
+ public:
+  FollowerCommandLine(int argc, char** argv) : argc_(argc), argv_(argv) {}
+
+  // The settings, or nullopt with the error in Error().
+  const std::optional<CountingSettings>& Settings() {
+    if (!read_) {
+      read_ = true;
+      int exitStatus = 0;
+      options_ = ParseCommandLine(argc_, argv_, exitStatus);
+      if (options_) settings_ = SettingsFromCommandLine(*options_, error_, exitStatus);
+    }
+    return settings_;
   }
+  const CommandLineOptions& Options() const { return *options_; }
+  const std::string& Error() const { return error_; }
+
+ private:
+  int argc_;
+  char** argv_;
+  bool read_ = false;
+  std::optional<CommandLineOptions> options_;
+  std::optional<CountingSettings> settings_;
+  std::string error_;
+};
+
+// A rank other than 0 in a round of shares: counts the share rank 0 gives it and hands the result
+// on; rank 0 tells what happened.
+void FollowShares(FollowerCommandLine& commandLine, int rank) {
   std::string bytes;
   BroadcastBytes(bytes, 0, MPI_COMM_WORLD);
-  const std::optional<Share> share = DecodeShare(bytes, rank);
-  if (!share) return 0;
-  int exitStatus = 0;
-  std::string error;
-  const auto options = ParseCommandLine(argc, argv, exitStatus);
-  const auto settings =
-      options ? SettingsFromCommandLine(*options, error, exitStatus) : std::nullopt;
-  if (settings) {
-    CountAndMerge(rank, *options, *settings, *share);
-    return 0;
+  const Share share = DecodeShare(bytes, rank);
+  if (commandLine.Settings()) {
+    CountAndMerge(rank, commandLine.Options(), *commandLine.Settings(), share);
+    return;
   }
   ShareResult refused;
-  refused.messages = error.empty() ? "" : error + '\n';
+  refused.messages = commandLine.Error().empty() ? "" : commandLine.Error() + '\n';
   Fail(refused, "The command line was refused on " + RankName(rank) + ".");
   ReduceShares(std::move(refused), MPI_COMM_WORLD);
-  return 0;
+}
+
+int Follow(int argc, char** argv, int rank) {
+  FollowerCommandLine commandLine(argc, argv);
+  while (true) {
+    switch (BroadcastPlan(Plan::End)) {  // the plan is rank 0's
+      case Plan::End:
+        return 0;
+      case Plan::Shares:
+        FollowShares(commandLine, rank);
+        break;
+      case Plan::Parts:
+        ServeParts(MPI_COMM_WORLD);
+        break;
+    }
+  }
 }
 
 }  // namespace

@@ -14,12 +14,13 @@ namespace {
 
 // Counts share into result; false when the run was refused or failed (its messages tell why).
 bool CountInto(ShareResult& result, const CommandLineOptions& options, CountingSettings& settings,
-               const Share& share, bool showProgress) {
+               const Share& share, bool showProgress, PartHelpers* helpers) {
   std::ostringstream messages;
   ConsoleHost host(EncodingOf(options), options.verbose, showProgress, messages);
   EngineContext ctx(host, settings);
   ctx.skipLineEndingChecks = true;
   ctx.threads = options.threads;
+  ctx.partHelpers = helpers;
   CorpusRun run(share);
   run.Attach(ctx);
   // DoIt checks, loads the common words and counts as for wordtally; returning false after the
@@ -42,12 +43,13 @@ bool CountInto(ShareResult& result, const CommandLineOptions& options, CountingS
 }  // namespace
 
 ShareResult CountShare(const CommandLineOptions& options, CountingSettings settings,
-                       const Share& share, const std::string& who, bool showProgress) {
+                       const Share& share, const std::string& who, bool showProgress,
+                       PartHelpers* helpers) {
   ShareResult result;
   // Only rank 0 writes the output file, after the listing of the whole corpus.
   settings.txbFile[1].clear();
   try {
-    if (!CountInto(result, options, settings, share, showProgress)) {
+    if (!CountInto(result, options, settings, share, showProgress, helpers)) {
       Fail(result, "The count of " + who + " failed.");
     }
   } catch (const std::exception& e) {

@@ -5,6 +5,7 @@
 
 #include "cli/command_line.h"
 #include "engine/counting_settings.h"
+#include "engine/part_counting.h"
 #include "mpi/share_result.h"
 #include "mpi/shares.h"
 
@@ -12,8 +13,9 @@ namespace wordtally {
 
 // Counts share under settings (as the command line made them); its messages are gathered in the
 // result, not printed. who names the rank in a failure. showProgress: the progress line on
-// standard error.
+// standard error. helpers, when given, count parts of a large file with this rank.
 ShareResult CountShare(const CommandLineOptions& options, CountingSettings settings,
-                       const Share& share, const std::string& who, bool showProgress);
+                       const Share& share, const std::string& who, bool showProgress,
+                       PartHelpers* helpers = nullptr);
 
 }  // namespace wordtally

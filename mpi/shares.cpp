@@ -23,6 +23,36 @@ std::vector<Share> DivideIntoShares(const std::vector<std::string>& files,
   return shares;
 }
 
+std::vector<Round> PlanRounds(const std::vector<std::string>& files,
+                              const std::vector<int64_t>& sizes, int ranks, int64_t pieceBytes) {
+  const int64_t total = std::accumulate(sizes.begin(), sizes.end(), int64_t{0});
+  auto isLarge = [&](int64_t size) {
+    return ranks > 1 && size > pieceBytes && size * ranks >= total;
+  };
+  std::vector<Round> rounds;
+  std::vector<std::string> between;
+  std::vector<int64_t> betweenSizes;
+  auto shareOut = [&] {
+    if (between.empty()) return;
+    rounds.push_back({DivideIntoShares(between, betweenSizes, ranks), {}});
+    between.clear();
+    betweenSizes.clear();
+  };
+  for (size_t i = 0; i < files.size(); ++i) {
+    if (isLarge(sizes[i])) {
+      shareOut();
+      rounds.push_back({{}, files[i]});
+    } else {
+      between.push_back(files[i]);
+      betweenSizes.push_back(sizes[i]);
+    }
+  }
+  shareOut();
+  // Without text files, one round of empty shares all the same: the counts carry the settings.
+  if (rounds.empty()) rounds.push_back({DivideIntoShares({}, {}, ranks), {}});
+  return rounds;
+}
+
 std::string EncodeShares(const std::vector<Share>& shares) {
   ByteWriter writer;
   writer.Number(shares.size());
@@ -33,17 +63,16 @@ std::string EncodeShares(const std::vector<Share>& shares) {
   return writer.Take();
 }
 
-std::optional<Share> DecodeShare(std::string_view bytes, int rank) {
+Share DecodeShare(std::string_view bytes, int rank) {
   ByteReader reader(bytes);
   const uint64_t ranks = reader.Number();
-  if (ranks == 0) return std::nullopt;
   Share mine;
   for (uint64_t r = 0; r < ranks && r <= static_cast<uint64_t>(rank); ++r) {
     const uint64_t count = reader.Number();
     mine.clear();
     for (uint64_t i = 0; i < count; ++i) mine.push_back(reader.Text());
   }
-  return mine;
+  return ranks > static_cast<uint64_t>(rank) ? mine : Share{};
 }
 
 }  // namespace wordtally

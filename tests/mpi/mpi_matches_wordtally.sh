@@ -7,6 +7,22 @@ case=$1 wordtally=$2 wordtally_mpi=$3 mpiexec=$4 data=$5
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
+# large_file PATH: 4.8 MB, over one 4 MiB piece, so that each rank counts a part of it; a comment
+# runs from 55% to 80% of it, over the start of the third of three parts, which rank 0 then reads
+# again itself. Every one of 17,576 words, 600,000 of the 800,000 outside the comment.
+large_file() {
+  awk 'BEGIN {
+    split("abcdefghijklmnopqrstuvwxyz", letter, "")
+    for (i = 0; i < 800000; i++) {
+      if (i == 440000) print "/* a comment over a part boundary"
+      if (i == 640000) print "*/"
+      n = i * 7919 % 17576
+      word = "w" letter[n % 26 + 1] "a" letter[int(n / 26) % 26 + 1] letter[int(n / 676) + 1]
+      printf "%s%s", word, (i % 8 == 7 ? "\n" : " ")
+    }
+  }' >"$1"
+}
+
 case $case in
   corpus)  # single files, a folder with a subfolder and refused docx files, a page, a docx
     inputs=("$data/pl_pan_tadeusz_invocation_utf8_lf.txt" "$data" "$data/cli/page_utf8.html"
@@ -19,20 +35,13 @@ case $case in
     inputs=("$work/missing1.txt" "$data/cli/mixed_ansi_crlf.txt" "$data/cli/case_lf.txt"
             "$data/cli/page_utf8.html" "$data/pl_pan_tadeusz_invocation_utf8_lf.txt"
             "$work/missing2.txt") ;;
-  one_file)  # one file of 4.8 MB, over one 4 MiB piece, cut into a part for each rank; a comment
-             # runs from 55% to 80% of it, over the start of the third part, which rank 0 then
-             # reads again itself
-    awk 'BEGIN {
-      split("abcdefghijklmnopqrstuvwxyz", letter, "")
-      for (i = 0; i < 800000; i++) {
-        if (i == 440000) print "/* a comment over a part boundary"
-        if (i == 640000) print "*/"
-        n = i * 7919 % 17576  # every one of the 17,576 words, in a scattered order
-        word = "w" letter[n % 26 + 1] "a" letter[int(n / 26) % 26 + 1] letter[int(n / 676) + 1]
-        printf "%s%s", word, (i % 8 == 7 ? "\n" : " ")
-      }
-    }' >"$work/large.txt"
+  one_file)  # one large file alone
+    large_file "$work/large.txt"
     inputs=("$work/large.txt") ;;
+  large_in_corpus)  # a large file among small ones and a missing one: a round of its own
+    large_file "$work/large.txt"
+    inputs=("$data/cli/mixed_ansi_crlf.txt" "$work/missing.txt" "$work/large.txt"
+            "$data/cli/page_utf8.html" "$data/pl_pan_tadeusz_invocation_utf8_lf.txt") ;;
   *) echo "unknown case $case"; exit 2 ;;
 esac
 # A corpus run also writes the corpus table and the count file.
@@ -64,7 +73,6 @@ for part in status out err txt csv counts; do
 done
 # The comparison is only worth something when wordtally listed words and wrote its files.
 if [ "$case" = one_file ]; then
-  # 600,000 of the 800,000 words stand outside the comment.
   grep -q "^Number of words in this list: 17,576$" "$work/single.out" &&
     grep -q "^Total number of instances of words: 600,000$" "$work/single.out" || failed=1
 else

@@ -1,8 +1,17 @@
-// The division of a corpus's files over ranks, against divisions worked out by hand.
+// The division of a corpus's files over ranks, in shares and rounds, against divisions worked
+// out by hand.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "mpi/shares.h"
+
+namespace wordtally {
+// A round as a failure shows it.
+void PrintTo(const Round& round, std::ostream* out) {
+  *out << (round.largeFile.empty() ? "shares " + ::testing::PrintToString(round.shares)
+                                   : "large file " + round.largeFile);
+}
+}  // namespace wordtally
 
 namespace wordtally::testing {
 namespace {
@@ -22,12 +31,36 @@ TEST(Shares, FilesGoInInputOrderToTheRankHoldingTheirMiddleByte) {
               ElementsAre(Share{"a", "b"}, Share{"c", "d"}));
 }
 
-TEST(Shares, EachRankDecodesItsOwnShareAndNoSharesMeanRankZeroRunsAlone) {
+TEST(Shares, EachRankDecodesItsOwnShare) {
   const std::string bytes = EncodeShares({{"x/a b.txt", "c"}, {}, {"d"}});
-  EXPECT_THAT(DecodeShare(bytes, 0), ::testing::Optional(Share{"x/a b.txt", "c"}));
-  EXPECT_THAT(DecodeShare(bytes, 1), ::testing::Optional(Share{}));
-  EXPECT_THAT(DecodeShare(bytes, 2), ::testing::Optional(Share{"d"}));
-  EXPECT_EQ(DecodeShare(EncodeShares({}), 1), std::nullopt);
+  EXPECT_THAT(DecodeShare(bytes, 0), ElementsAre("x/a b.txt", "c"));
+  EXPECT_THAT(DecodeShare(bytes, 1), ElementsAre());
+  EXPECT_THAT(DecodeShare(bytes, 2), ElementsAre("d"));
+}
+
+MATCHER_P(SharesRound, shares, "") { return arg.largeFile.empty() && arg.shares == shares; }
+MATCHER_P(LargeFileRound, file, "") { return arg.shares.empty() && arg.largeFile == file; }
+
+TEST(Shares, AFileOverAPieceAndARanksPartHasARoundOfItsOwn) {
+  const std::vector<std::string> files{"a", "big", "c", "d", "huge"};
+  // 400 bytes on 2 ranks: 200 each; pieces of 50. "big" (200) is large, "huge" (150) is not:
+  // it is shared with "c" and "d" (180 bytes; middles at 5, 20, 105 of 90 a rank).
+  EXPECT_THAT(PlanRounds(files, {20, 200, 10, 20, 150}, 2, 50),
+              ElementsAre(SharesRound(std::vector<Share>{{}, {"a"}}), LargeFileRound("big"),
+                          SharesRound(std::vector<Share>{{"c", "d"}, {"huge"}})));
+  // On 4 ranks (100 each) both are large; the files between them are shared out.
+  EXPECT_THAT(PlanRounds(files, {20, 200, 10, 20, 150}, 4, 50),
+              ElementsAre(SharesRound(std::vector<Share>{{}, {}, {"a"}, {}}),
+                          LargeFileRound("big"),
+                          SharesRound(std::vector<Share>{{"c"}, {}, {"d"}, {}}),
+                          LargeFileRound("huge")));
+  // A file not over one piece is never split, nor anything on one rank.
+  EXPECT_THAT(PlanRounds({"a", "b"}, {10, 90}, 2, 90),
+              ElementsAre(SharesRound(std::vector<Share>{{"a"}, {"b"}})));
+  EXPECT_THAT(PlanRounds({"a", "b"}, {10, 900}, 1, 90),
+              ElementsAre(SharesRound(std::vector<Share>{{"a", "b"}})));
+  // No files: one round of empty shares.
+  EXPECT_THAT(PlanRounds({}, {}, 3, 90), ElementsAre(SharesRound(std::vector<Share>(3))));
 }
 
 }  // namespace
