@@ -1,12 +1,12 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
 #include "engine/normalisation.h"
+#include "engine/word_chunks.h"
 #include "engine/word_counting.h"
 #include "engine/word_filters.h"
 #include "engine/word_store.h"
@@ -66,39 +66,17 @@ CommentMarkerPairs UserCommentMarkers(const CountingSettings& settings) {
   return markers;
 }
 
-// What the quick lane learns of a byte as it reads a word, for the accept tests.
-enum ByteKind : unsigned char { kWordByte = 1, kVowelByte = 2, kNotNumeralByte = 4 };
+// What the accept tests of a plain word learn of each of its bytes.
+enum ByteKind : unsigned char { kVowelByte = 1, kNotNumeralByte = 2 };
 
-std::array<unsigned char, 256> MakeByteKinds(const WordCharTable& wordChars) {
+std::array<unsigned char, 256> MakeByteKinds() {
   std::array<unsigned char, 256> kinds{};
   for (int b = 0; b < 256; ++b) {
     const char c = static_cast<char>(b);
-    kinds[b] = static_cast<unsigned char>((wordChars[b] ? kWordByte : 0) |
-                                          (HasNoVowel({&c, 1}) ? 0 : kVowelByte) |
+    kinds[b] = static_cast<unsigned char>((HasNoVowel({&c, 1}) ? 0 : kVowelByte) |
                                           (kRomanNumeralLetters[b] ? 0 : kNotNumeralByte));
   }
   return kinds;
-}
-
-std::array<unsigned char, 256> MakeFold(bool foldCase) {
-  std::array<unsigned char, 256> fold{};
-  for (int b = 0; b < 256; ++b) {
-    fold[b] = foldCase ? LowerAnsiChar(static_cast<unsigned char>(b)) : static_cast<unsigned char>(b);
-  }
-  return fold;
-}
-
-// The accept tests and the apostrophe-fragment drop for a word that normalisation leaves as it
-// is, from what was learnt while it was read: its kinds, and whether any byte differs from the
-// first.
-bool PlainWordAccepted(std::string_view word, unsigned kinds, bool differs,
-                       const NormalizationOptions& options) {
-  if (word.size() < 3 || word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return false;
-  if (options.ignoreNoVowel && (kinds & kVowelByte) == 0) return false;
-  if (!differs) return false;  // one character repeated
-  // Only a word of numeral letters alone needs the full numeral test.
-  if ((kinds & kNotNumeralByte) == 0 && IsRomanNumeral(word, false)) return false;
-  return options.allowApostrophes || !IsContractionStem(word);
 }
 
 AnsiString WithoutChars(std::string_view text, std::string_view removed) {
@@ -127,27 +105,13 @@ WordCharTable MakeWordCharTable(bool allowDigits, std::string_view extraChars) {
 
 namespace {
 
-// The bytes of x (read little-endian) that are ASCII letters, each marked by its high bit.
-uint64_t AsciiLetterBytes(uint64_t x) {
-  constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = kOnes * 0x80;
-  const uint64_t folded = (x | (kOnes * 0x20)) & (kOnes * 0x7F);  // A-Z onto a-z, no carries
-  const uint64_t atLeastA = (folded + kOnes * (0x80 - 'a')) & kHighs;
-  const uint64_t beyondZ = (folded + kOnes * (0x80 - 'z' - 1)) & kHighs;
-  return ~x & atLeastA & ~beyondZ;
-}
-
 // Steps over the ASCII letters at the front of [end, limit) eight at a time; the letters are word
 // characters whatever the settings, and most words are made of nothing else.
 const char* SkipAsciiLetters(const char* end, const char* limit) {
-  if constexpr (std::endian::native == std::endian::little) {
-    constexpr uint64_t kHighs = 0x8080808080808080ull;
-    while (limit - end >= 8) {
-      uint64_t x;
-      std::memcpy(&x, end, 8);
-      const uint64_t others = ~AsciiLetterBytes(x) & kHighs;
-      if (others != 0) return end + std::countr_zero(others) / 8;
-      end += 8;
-    }
+  while (limit - end >= 8) {
+    const uint64_t others = ~AsciiLetterBytes(LoadChunk(end)) & kHighBits;
+    if (others != 0) return end + FirstMarkedByte(others);
+    end += 8;
   }
   return end;
 }
@@ -274,9 +238,10 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
   for (int i = 0; i < markers_.count; ++i) {
     commentStartChars_[static_cast<unsigned char>(markers_.start[i].front())] = true;
   }
+  for (int b = 0; b < 256; ++b) skipEnds_[b] = startChars_[b] || commentStartChars_[b];
+  skipEnds_[' '] = false;
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
-  byteKinds_ = MakeByteKinds(wordChars_);
-  fold_ = MakeFold(foldCase_);
+  byteKinds_ = MakeByteKinds();
   scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
@@ -294,32 +259,44 @@ void LineWalker::WalkLine() {
   // those take the full pipeline.
   const bool plainLane =
       !options.blnCharacterEntitiesPossible && !options.dropFinalS && !options.blnReadingWords;
-  const int32_t length = static_cast<int32_t>(line.size());
-  run.lngLP = 1;
-  while (run.lngLP < length) {
+  CopyLine(line);
+  const char* const text = text_.data();
+  // The walk ends at the line's last character, its trailing blank.
+  const char* const last = text + line_.size() - 1;
+  const char* at = text;
+  while (at < last) {
     ctx_.GiveEventLoopATurn();
-    unsigned char c = static_cast<unsigned char>(line[run.lngLP - 1]);
+    unsigned char c = static_cast<unsigned char>(*at);
+    run.lngLP = static_cast<int32_t>(at - text) + 1;
     // The comment step is only entered where a comment goes on or a start marker may begin.
     if (run.blnCommentsPossible && (run.comment.intWithinComment >= 0 || commentStartChars_[c])) {
       if (!StepOverComments()) return;
-      c = static_cast<unsigned char>(line[run.lngLP - 1]);
+      at = text + run.lngLP - 1;
+      c = static_cast<unsigned char>(*at);
     }
     if (startChars_[c]) {
-      if (!plainLane || !TakePlainWord(options)) TakeWord(options);
+      if (!plainLane || !(TakeShortWord(options) || TakePlainWord(options))) TakeWord(options);
+      at = text + run.lngLP - 1;
       ctx_.GiveEventLoopATurn();
       if (run.blnStop) return;
       continue;
     }
-    // Punctuation and blanks: on to the next character that is not a blank.
-    const size_t next = line.find_first_not_of(' ', static_cast<size_t>(run.lngLP));
-    if (next == AnsiString::npos) return;
-    run.lngLP = static_cast<int32_t>(next) + 1;
+    // Punctuation and blanks: on to the next character where a word or a comment may begin (the
+    // sentinel after the line ends the search).
+    do ++at; while (!skipEnds_[static_cast<unsigned char>(*at)]);
   }
+}
+
+void LineWalker::CopyLine(std::string_view line) {
+  if (text_.size() < line.size() + kLineSlack) text_.resize(line.size() + kLineSlack);
+  std::memcpy(text_.data(), line.data(), line.size());
+  text_[line.size()] = kSentinel;
+  line_ = std::string_view(text_.data(), line.size());
 }
 
 bool LineWalker::StepOverComments() {
   RunState& run = ctx_.run;
-  const std::string_view line = run.strLine;
+  const std::string_view line = line_;
   CommentState& state = run.comment;
   auto detect = [&] {
     return commentStartChars_[static_cast<unsigned char>(line[run.lngLP - 1])]
@@ -339,9 +316,9 @@ bool LineWalker::StepOverComments() {
 
 void LineWalker::TakeWord(const NormalizationOptions& options) {
   RunState& run = ctx_.run;
-  const int32_t length = CountWordChars(run.strLine, run.lngLP, wordChars_);
+  const int32_t length = CountWordChars(line_, run.lngLP, wordChars_);
   // The word is folded where it stands: the walk never looks back at the line.
-  char* start = run.strLine.data() + run.lngLP - 1;
+  char* start = text_.data() + run.lngLP - 1;
   if (foldCase_) LowerAnsiInPlace(start, static_cast<size_t>(length));
   run.lngLP += length;
   const std::string_view word =
@@ -349,44 +326,93 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
   if (IsAcceptedWord(word)) CountAcceptedWord(word, WordHashOf(word));
 }
 
-// Reads, folds and hashes the word in one pass. A word ending in a character that normalisation
-// strips is left to TakeWord, which folds it again to the same bytes.
-bool LineWalker::TakePlainWord(const NormalizationOptions& options) {
+// Most words are made of ASCII letters alone and are at most 16 long: such a word is read, folded,
+// hashed and found in the store two chunks at a time, without a pass over its bytes. Its accept
+// tests, which depend on its bytes alone, are made once and remembered by its store id.
+bool LineWalker::TakeShortWord(const NormalizationOptions& options) {
   RunState& run = ctx_.run;
-  char* const start = run.strLine.data() + run.lngLP - 1;
-  const char* const limit =
-      start + std::min<size_t>(run.strLine.size() - static_cast<size_t>(run.lngLP - 1), kMaxWordCharRun);
-  const unsigned char first = fold_[static_cast<unsigned char>(*start)];
-  uint64_t hash = kWordHashSeed;
-  unsigned kinds = 0;
-  unsigned differs = 0;
-  char* end = start;
-  for (; end != limit; ++end) {
-    const unsigned char kind = byteKinds_[static_cast<unsigned char>(*end)];
-    if ((kind & kWordByte) == 0) break;
-    const unsigned char c = fold_[static_cast<unsigned char>(*end)];
-    *end = static_cast<char>(c);
-    hash = WordHashStep(hash, c);
-    kinds |= kind;
-    differs |= c ^ first;
+  char* const start = text_.data() + run.lngLP - 1;
+  ChunkPair chunks{LoadChunk(start), LoadChunk(start + 8)};
+  const uint64_t firstEnds = ~AsciiLetterBytes(chunks.first) & kHighBits;
+  const uint64_t secondEnds = ~AsciiLetterBytes(chunks.second) & kHighBits;
+  if ((firstEnds | secondEnds) == 0) return false;  // more than 16 letters
+  const size_t size = firstEnds != 0 ? FirstMarkedByte(firstEnds) : 8 + FirstMarkedByte(secondEnds);
+  // Not a letter first, a word going on with other word characters, or no blank after the word.
+  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
+      start + size > line_.data() + line_.size()) {
+    return false;
   }
-  const std::string_view word(start, static_cast<size_t>(end - start));
-  if (word.back() == '-' || word.back() == '"') return false;
-  run.lngLP += static_cast<int32_t>(word.size());
-  if (PlainWordAccepted(word, kinds, differs != 0, options)) CountAcceptedWord(word, hash);
+  if (foldCase_) {
+    const ChunkPair lowerCaseBits = FirstBytes({kEveryByte * 0x20, kEveryByte * 0x20}, size);
+    chunks = {chunks.first | lowerCaseBits.first, chunks.second | lowerCaseBits.second};
+    StoreChunk(start, chunks.first);
+    StoreChunk(start + 8, chunks.second);
+  }
+  run.lngLP += static_cast<int32_t>(size);
+  if (size < 3) return true;  // too short to be counted
+  const std::string_view word(start, size);
+  const ChunkPair wordChunks = FirstBytes(chunks, size);
+  const uint64_t hash = ShortWordHash(wordChunks, size);
+  const int32_t id = ctx_.store.FindShortWord(wordChunks, static_cast<uint32_t>(size), hash);
+  if (id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id]) {
+    CountAcceptedWord(word, hash, id);
+  } else if (PlainWordAccepted(word, options)) {
+    if (id >= 0) RememberAccepted(id);
+    CountAcceptedWord(word, hash, id);
+  }
   return true;
 }
 
-void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash) {
+// A word that normalisation leaves as it is: folded where it stands and counted. A word ending in
+// a character that normalisation strips is left to TakeWord.
+bool LineWalker::TakePlainWord(const NormalizationOptions& options) {
+  RunState& run = ctx_.run;
+  const auto length = static_cast<size_t>(CountWordChars(line_, run.lngLP, wordChars_));
+  char* const start = text_.data() + run.lngLP - 1;
+  const char last = start[length - 1];
+  if (last == '-' || last == '"') return false;
+  if (foldCase_) LowerAnsiInPlace(start, length);
+  run.lngLP += static_cast<int32_t>(length);
+  const std::string_view word(start, length);
+  if (PlainWordAccepted(word, options)) CountAcceptedWord(word, WordHashOf(word));
+  return true;
+}
+
+// The accept tests and the apostrophe-fragment drop for a word that normalisation leaves as it is.
+bool LineWalker::PlainWordAccepted(std::string_view word,
+                                   const NormalizationOptions& options) const {
+  if (word.size() < 3 || word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return false;
+  unsigned kinds = 0;
+  bool differs = false;
+  for (char c : word) {
+    kinds |= byteKinds_[static_cast<unsigned char>(c)];
+    differs |= c != word.front();
+  }
+  if (options.ignoreNoVowel && (kinds & kVowelByte) == 0) return false;
+  if (!differs) return false;  // one character repeated
+  // Only a word of numeral letters alone needs the full numeral test.
+  if ((kinds & kNotNumeralByte) == 0 && IsRomanNumeral(word, false)) return false;
+  return options.allowApostrophes || !IsContractionStem(word);
+}
+
+void LineWalker::RememberAccepted(int32_t id) {
+  const auto index = static_cast<size_t>(id);
+  if (index >= accepted_.size()) accepted_.resize(std::max(index + 1, 2 * accepted_.size()));
+  accepted_[index] = true;
+}
+
+void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash, int32_t storedId) {
   if (ctx_.run.blnReadingWords) {
     AddWordToList(ctx_, word, hash);
     return;
   }
   Increment(ctx_.run.lngTotalNumOccurrences);
-  if (NoExclusions(ctx_.settings)) {
-    AddWordToList(ctx_, word, hash);
-  } else {
+  if (!NoExclusions(ctx_.settings)) {
     GetWords2(ctx_, word, hash);
+  } else if (storedId >= 0) {
+    CountStoredWord(ctx_, storedId);
+  } else {
+    AddWordToList(ctx_, word, hash);
   }
 }
 
