@@ -1,6 +1,7 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
+#include <utility>
 #include <cstring>
 
 #include "engine/counting_settings.h"
@@ -259,23 +260,35 @@ void LineWalker::WalkLine() {
   // those take the full pipeline.
   const bool plainLane =
       !options.blnCharacterEntitiesPossible && !options.dropFinalS && !options.blnReadingWords;
+  const bool commentsPossible = run.blnCommentsPossible;
+  bool commentGoesOn = commentsPossible && run.comment.intWithinComment >= 0;
   CopyLine(line);
   const char* const text = text_.data();
   // The walk ends at the line's last character, its trailing blank.
   const char* const last = text + line_.size() - 1;
   const char* at = text;
   while (at < last) {
-    ctx_.GiveEventLoopATurn();
     unsigned char c = static_cast<unsigned char>(*at);
-    run.lngLP = static_cast<int32_t>(at - text) + 1;
     // The comment step is only entered where a comment goes on or a start marker may begin.
-    if (run.blnCommentsPossible && (run.comment.intWithinComment >= 0 || commentStartChars_[c])) {
+    if (commentGoesOn || (commentsPossible && commentStartChars_[c])) {
+      commentGoesOn = false;
+      if (!CountWordsRead(options)) return;
+      ctx_.GiveEventLoopATurn();
+      run.lngLP = static_cast<int32_t>(at - text) + 1;
       if (!StepOverComments()) return;
       at = text + run.lngLP - 1;
       c = static_cast<unsigned char>(*at);
     }
     if (startChars_[c]) {
-      if (!plainLane || !(TakeShortWord(options) || TakePlainWord(options))) TakeWord(options);
+      const size_t shortSize = plainLane ? ReadShortWord(at) : 0;
+      if (shortSize != 0) {
+        at += shortSize;
+        if (wordsReadCount_ == kWordsReadAhead && !CountWordsRead(options)) return;
+        continue;
+      }
+      if (!CountWordsRead(options)) return;
+      run.lngLP = static_cast<int32_t>(at - text) + 1;
+      if (!plainLane || !TakePlainWord(options)) TakeWord(options);
       at = text + run.lngLP - 1;
       ctx_.GiveEventLoopATurn();
       if (run.blnStop) return;
@@ -285,6 +298,7 @@ void LineWalker::WalkLine() {
     // sentinel after the line ends the search).
     do ++at; while (!skipEnds_[static_cast<unsigned char>(*at)]);
   }
+  CountWordsRead(options);
 }
 
 void LineWalker::CopyLine(std::string_view line) {
@@ -326,39 +340,55 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
   if (IsAcceptedWord(word)) CountAcceptedWord(word, WordHashOf(word));
 }
 
-// Most words are made of ASCII letters alone and are at most 16 long: such a word is read, folded,
-// hashed and found in the store two chunks at a time, without a pass over its bytes. Its accept
-// tests, which depend on its bytes alone, are made once and remembered by its store id.
-bool LineWalker::TakeShortWord(const NormalizationOptions& options) {
-  RunState& run = ctx_.run;
-  char* const start = text_.data() + run.lngLP - 1;
+// Most words are made of ASCII letters alone and are at most 16 long: such a word is read and
+// folded two chunks at a time, without a pass over its bytes, and set aside with its hash, to be
+// counted together with the words read after it. Returns its length, or 0 when the word at start
+// is not such a word.
+size_t LineWalker::ReadShortWord(const char* start) {
   ChunkPair chunks{LoadChunk(start), LoadChunk(start + 8)};
   const uint64_t firstEnds = ~AsciiLetterBytes(chunks.first) & kHighBits;
   const uint64_t secondEnds = ~AsciiLetterBytes(chunks.second) & kHighBits;
-  if ((firstEnds | secondEnds) == 0) return false;  // more than 16 letters
+  if ((firstEnds | secondEnds) == 0) return 0;  // more than 16 letters
   const size_t size = firstEnds != 0 ? FirstMarkedByte(firstEnds) : 8 + FirstMarkedByte(secondEnds);
   // Not a letter first, a word going on with other word characters, or no blank after the word.
   if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
       start + size > line_.data() + line_.size()) {
-    return false;
+    return 0;
   }
+  if (size < 3) return size;  // too short to be counted
+  chunks = FirstBytes(chunks, size);
   if (foldCase_) {
     const ChunkPair lowerCaseBits = FirstBytes({kEveryByte * 0x20, kEveryByte * 0x20}, size);
     chunks = {chunks.first | lowerCaseBits.first, chunks.second | lowerCaseBits.second};
-    StoreChunk(start, chunks.first);
-    StoreChunk(start + 8, chunks.second);
   }
-  run.lngLP += static_cast<int32_t>(size);
-  if (size < 3) return true;  // too short to be counted
-  const std::string_view word(start, size);
-  const ChunkPair wordChunks = FirstBytes(chunks, size);
-  const uint64_t hash = ShortWordHash(wordChunks, size);
-  const int32_t id = ctx_.store.FindShortWord(wordChunks, static_cast<uint32_t>(size), hash);
-  if (id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id]) {
-    CountAcceptedWord(word, hash, id);
-  } else if (PlainWordAccepted(word, options)) {
-    if (id >= 0) RememberAccepted(id);
-    CountAcceptedWord(word, hash, id);
+  const uint64_t hash = ShortWordHash(chunks, size);
+  ctx_.store.PrefetchSlot(hash);
+  ShortWord& read = wordsRead_[wordsReadCount_++];
+  StoreChunk(read.bytes, chunks.first);
+  StoreChunk(read.bytes + 8, chunks.second);
+  read.hash = hash;
+  read.size = static_cast<uint32_t>(size);
+  return size;
+}
+
+// Counts the words set aside, in their order, as the walk would have counted each one as it read
+// it: with an event-loop turn after each. The store's reads for the next words are under way
+// meanwhile. False when the run is stopped.
+bool LineWalker::CountWordsRead(const NormalizationOptions& options) {
+  const size_t count = std::exchange(wordsReadCount_, 0);
+  for (size_t i = 0; i < count; ++i) {
+    const ShortWord& read = wordsRead_[i];
+    const std::string_view word(read.bytes, read.size);
+    const int32_t id = ctx_.store.FindShortWord(
+        {LoadChunk(read.bytes), LoadChunk(read.bytes + 8)}, read.size, read.hash);
+    if (id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id]) {
+      CountAcceptedWord(word, read.hash, id);
+    } else if (PlainWordAccepted(word, options)) {
+      if (id >= 0) RememberAccepted(id);
+      CountAcceptedWord(word, read.hash, id);
+    }
+    ctx_.GiveEventLoopATurn();
+    if (ctx_.run.blnStop) return false;
   }
   return true;
 }
@@ -398,7 +428,7 @@ bool LineWalker::PlainWordAccepted(std::string_view word,
 void LineWalker::RememberAccepted(int32_t id) {
   const auto index = static_cast<size_t>(id);
   if (index >= accepted_.size()) accepted_.resize(std::max(index + 1, 2 * accepted_.size()));
-  accepted_[index] = true;
+  accepted_[index] = 1;
 }
 
 void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash, int32_t storedId) {

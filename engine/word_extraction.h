@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/word_chunks.h"
 #include "input/comment_markers.h"
 #include "support/ansi_text.h"
 
@@ -76,9 +77,11 @@ class LineWalker {
   bool StepOverComments();
   // Takes the word at lngLP and counts it when it is accepted.
   void TakeWord(const NormalizationOptions& options);
-  // The quick lanes for a word that normalisation leaves as it is; false when it is not such a
-  // word. TakeShortWord takes a word of at most 16 ASCII letters, TakePlainWord any other.
-  bool TakeShortWord(const NormalizationOptions& options);
+  // The quick lanes for a word that normalisation leaves as it is. ReadShortWord reads a word of
+  // at most 16 ASCII letters and sets it aside for CountWordsRead (false: the run is stopped);
+  // TakePlainWord takes any other, or returns false when normalisation would change it.
+  size_t ReadShortWord(const char* start);
+  bool CountWordsRead(const NormalizationOptions& options);
   bool TakePlainWord(const NormalizationOptions& options);
   bool PlainWordAccepted(std::string_view word, const NormalizationOptions& options) const;
   void RememberAccepted(int32_t id);
@@ -96,8 +99,17 @@ class LineWalker {
   bool foldCase_ = false;
   std::vector<char> text_;  // the line walked, with its sentinel and spare bytes
   std::string_view line_;   // the line walked within text_
+  // A word read by ReadShortWord: its bytes, folded and cleared beyond its end, and its hash.
+  struct ShortWord {
+    char bytes[16];
+    uint64_t hash;
+    uint32_t size;
+  };
+  static constexpr size_t kWordsReadAhead = 64;
+  std::array<ShortWord, kWordsReadAhead> wordsRead_;
+  size_t wordsReadCount_ = 0;
   // By store id, the words of at most 16 letters that passed the accept tests in this walk.
-  std::vector<bool> accepted_;
+  std::vector<unsigned char> accepted_;
   AnsiString scratch_;  // the plural rules' rewritten word
 };
 

@@ -124,6 +124,11 @@ class WordStore {
     });
   }
 
+  // Starts reading the index where FindShortWord will look for a word with this hash.
+  void PrefetchSlot(uint64_t hash) const {
+    if (!slots_.empty()) __builtin_prefetch(&slots_[HomeOf(SlotOf(hash, -1))]);
+  }
+
   // Counts occurrences more of the stored word id. Throws RunError 6 when the count would pass
   // 2147483647.
   void CountStoredWord(int32_t id, int32_t occurrences = 1) {
