@@ -203,6 +203,23 @@ size_t SkipCleanPrefix(std::string_view text) {
   return i;
 }
 
+// Sixteen bytes compared at once (the compiler's vector extension: SSE2, NEON or plain code).
+using ByteVector = unsigned char __attribute__((vector_size(16)));
+
+// True when the size bytes at text may hold a byte that CleanLine, RemoveHtmlComments or
+// ReplaceCharacterEntities act on (any below 14, the no-break space, "<", "&"). Reads whole
+// vectors: up to 15 bytes past the end, which must not hold such a byte.
+bool MayHoldBytesToPrepare(const char* text, size_t size) {
+  ByteVector found{};
+  for (size_t at = 0; at < size; at += sizeof(ByteVector)) {
+    ByteVector bytes;
+    std::memcpy(&bytes, text + at, sizeof bytes);
+    found |= static_cast<ByteVector>((bytes < 14) | (bytes == 0xA0) | (bytes == '<') | (bytes == '&'));
+  }
+  return LoadChunk(reinterpret_cast<const char*>(&found)) != 0 ||
+         LoadChunk(reinterpret_cast<const char*>(&found) + 8) != 0;
+}
+
 }  // namespace
 
 void CleanLine(AnsiString& line, bool keepTabs) {
@@ -249,12 +266,18 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
 void LineWalker::WalkLine() {
   RunState& run = ctx_.run;
   AnsiString& line = run.strLine;
-  CleanLine(line, false);
-  run.blnCommentsPossible = markers_.count >= 1;
-  if (!run.blnReadingWords) {
-    RemoveHtmlComments(line);
-    if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+  CopyLine(line);
+  // Cleaning, HTML comments and character entities leave a line without the bytes they act on as
+  // it is: most lines are only looked over, in their copy.
+  if (MayHoldBytesToPrepare(text_.data(), line.size())) {
+    CleanLine(line, false);
+    if (!run.blnReadingWords) {
+      RemoveHtmlComments(line);
+      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+    }
+    CopyLine(line);
   }
+  run.blnCommentsPossible = markers_.count >= 1;
   const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
   // Entity tails and plurals rewrite words, and common words are read without the word tests:
   // those take the full pipeline.
@@ -262,7 +285,6 @@ void LineWalker::WalkLine() {
       !options.blnCharacterEntitiesPossible && !options.dropFinalS && !options.blnReadingWords;
   const bool commentsPossible = run.blnCommentsPossible;
   bool commentGoesOn = commentsPossible && run.comment.intWithinComment >= 0;
-  CopyLine(line);
   const char* const text = text_.data();
   // The walk ends at the line's last character, its trailing blank.
   const char* const last = text + line_.size() - 1;
@@ -304,7 +326,7 @@ void LineWalker::WalkLine() {
 void LineWalker::CopyLine(std::string_view line) {
   if (text_.size() < line.size() + kLineSlack) text_.resize(line.size() + kLineSlack);
   std::memcpy(text_.data(), line.data(), line.size());
-  text_[line.size()] = kSentinel;
+  std::memset(text_.data() + line.size(), kSentinel, kSentinels);
   line_ = std::string_view(text_.data(), line.size());
 }
 

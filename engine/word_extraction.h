@@ -71,7 +71,10 @@ class LineWalker {
   // The line is walked in a copy of its own, followed by a sentinel and spare bytes, so that the
   // scans need no bounds test at each byte and may read a word's bytes 16 at a time.
   static constexpr size_t kLineSlack = 32;
-  static constexpr char kSentinel = 'a';  // a word character, which ends the skip over blanks
+  // Word characters, which end the skip over blanks; as many as a read of 16 bytes may pass the
+  // line's end by.
+  static constexpr char kSentinel = 'a';
+  static constexpr size_t kSentinels = 16;
   void CopyLine(std::string_view line);
   // Steps over comments at lngLP; false when the rest of the line is comment.
   bool StepOverComments();

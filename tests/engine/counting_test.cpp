@@ -23,6 +23,9 @@ TEST_F(EngineTest, LineWalkCountsTheWordsTheSettingsAllow) {
       // Words of up to 16 letters and longer ones, with another word character or at the end.
       {keep, {"abcdefghijklmnop abcdefghijklmnopq Abcdefghijklmnop x-ray zzz Zzz xiv XIV", "tail"},
        "abcdefghijklmnop:2 abcdefghijklmnopq tail x-ray", 5},
+      // Tabs and no-break spaces are blanks; an HTML comment goes, also past the first 16 bytes.
+      {keep, {"one<!-- two -->three\tfour\xA0" "five", "sixteen bytes on and then a comment <!-- hidden -->shown"},
+       "and bytes comment five four onethree shown sixteen then", 9},
       {keep, {Repeated("word ", 300)}, "word:300", 300},
       {[](auto& s) { s.chkCaseSignificant = 1; }, {"The the THE"}, "THE The the", 3},
       {[](auto& s) { s.chkDropFinalS = 1; }, {"MICE Cities"}, "city mouse", 2},  // after folding
