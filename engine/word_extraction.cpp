@@ -367,22 +367,24 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
 // counted together with the words read after it. Returns its length, or 0 when the word at start
 // is not such a word.
 size_t LineWalker::ReadShortWord(const char* start) {
-  ChunkPair chunks{LoadChunk(start), LoadChunk(start + 8)};
-  const uint64_t firstEnds = ~AsciiLetterBytes(chunks.first) & kHighBits;
-  const uint64_t secondEnds = ~AsciiLetterBytes(chunks.second) & kHighBits;
-  if ((firstEnds | secondEnds) == 0) return 0;  // more than 16 letters
-  const size_t size = firstEnds != 0 ? FirstMarkedByte(firstEnds) : 8 + FirstMarkedByte(secondEnds);
+  ByteVector bytes;
+  std::memcpy(&bytes, start, sizeof bytes);
+  const auto letters = static_cast<ByteVector>(static_cast<ByteVector>((bytes | 0x20) - 'a') < 26);
+  const ChunkPair ends{~LoadChunk(reinterpret_cast<const char*>(&letters)) & kHighBits,
+                       ~LoadChunk(reinterpret_cast<const char*>(&letters) + 8) & kHighBits};
+  if ((ends.first | ends.second) == 0) return 0;  // more than 16 letters
+  const size_t size =
+      ends.first != 0 ? FirstMarkedByte(ends.first) : 8 + FirstMarkedByte(ends.second);
   // Not a letter first, a word going on with other word characters, or no blank after the word.
   if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
       start + size > line_.data() + line_.size()) {
     return 0;
   }
   if (size < 3) return size;  // too short to be counted
-  chunks = FirstBytes(chunks, size);
-  if (foldCase_) {
-    const ChunkPair lowerCaseBits = FirstBytes({kEveryByte * 0x20, kEveryByte * 0x20}, size);
-    chunks = {chunks.first | lowerCaseBits.first, chunks.second | lowerCaseBits.second};
-  }
+  // Every byte of the word is a letter: folding sets the lower-case bit of each.
+  const uint64_t lowerCaseBits = foldCase_ ? kEveryByte * 0x20 : 0;
+  const ChunkPair chunks = FirstBytes(
+      {LoadChunk(start) | lowerCaseBits, LoadChunk(start + 8) | lowerCaseBits}, size);
   const uint64_t hash = ShortWordHash(chunks, size);
   ctx_.store.PrefetchSlot(hash);
   ShortWord& read = wordsRead_[wordsReadCount_++];
@@ -398,14 +400,18 @@ size_t LineWalker::ReadShortWord(const char* start) {
 // meanwhile. False when the run is stopped.
 bool LineWalker::CountWordsRead(const NormalizationOptions& options) {
   const size_t count = std::exchange(wordsReadCount_, 0);
+  // A word accepted before and stored, the common case, is counted here without further ado.
+  const bool noExclusions = NoExclusions(ctx_.settings);
   for (size_t i = 0; i < count; ++i) {
     const ShortWord& read = wordsRead_[i];
     const std::string_view word(read.bytes, read.size);
     const int32_t id = ctx_.store.FindShortWord(
         {LoadChunk(read.bytes), LoadChunk(read.bytes + 8)}, read.size, read.hash);
-    if (id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id]) {
-      CountAcceptedWord(word, read.hash, id);
-    } else if (PlainWordAccepted(word, options)) {
+    const bool accepted = id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id];
+    if (accepted && noExclusions) {
+      Increment(ctx_.run.lngTotalNumOccurrences);
+      CountStoredWord(ctx_, id);
+    } else if (accepted || PlainWordAccepted(word, options)) {
       if (id >= 0) RememberAccepted(id);
       CountAcceptedWord(word, read.hash, id);
     }
