@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/piece_counter.h"
+#include "engine/word_hash.h"
 #include "engine/word_counting.h"
 
 namespace wordtally {
@@ -17,14 +18,26 @@ void SwitchUtf8On(EngineContext& ctx) {
   ctx.host.SettingsChanged();
 }
 
-// The store's words with their counts, indexed by id: the order of arrival.
-std::vector<std::pair<std::string_view, int32_t>> WordsByArrival(const WordStore& store) {
-  std::vector<std::pair<std::string_view, int32_t>> words(static_cast<size_t>(store.lngNumWords()));
+struct PieceWord {
+  std::string_view word;
+  int32_t frequency;
+  uint64_t hash;
+};
+
+// The store's words with their counts and hashes, indexed by id: the order of arrival.
+std::vector<PieceWord> WordsByArrival(const WordStore& store) {
+  std::vector<PieceWord> words(static_cast<size_t>(store.lngNumWords()));
   store.ForEachWord([&words](std::string_view word, int32_t frequency, int32_t id) {
-    words[static_cast<size_t>(id)] = {word, frequency};
+    words[static_cast<size_t>(id)] = {word, frequency, WordHashOf(word)};
   });
   return words;
 }
+
+// How many words ahead the run's store is asked for the index slot, and then for the entry, of
+// the word it will look up: the lookups of a piece's thousands of words are known in advance, and
+// the store is not in this core's cache while the workers count.
+constexpr size_t kSlotsAhead = 16;
+constexpr size_t kEntriesAhead = 8;
 
 }  // namespace
 
@@ -32,11 +45,14 @@ void MergeCountedPiece(EngineContext& ctx, const CountedPiece& piece) {
   const EngineContext& counted = piece.counted->ctx;
   const auto words = WordsByArrival(counted.store);
   for (size_t id = 0; id < words.size(); ++id) {
+    if (id + kSlotsAhead < words.size()) ctx.store.PrefetchSlot(words[id + kSlotsAhead].hash);
+    if (id + kEntriesAhead < words.size()) ctx.store.PrefetchEntry(words[id + kEntriesAhead].hash);
     if (static_cast<int32_t>(id) == piece.utf8SwitchAt) SwitchUtf8On(ctx);
+    const PieceWord& w = words[id];
     bool isNew;
-    const int32_t mergedId = ctx.store.CountWord(words[id].first, isNew, words[id].second);
-    if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, words[id].second);
-    if (isNew) AnnounceNewWord(ctx, words[id].first);
+    const int32_t mergedId = ctx.store.CountWord(w.word, w.hash, isNew, w.frequency);
+    if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, w.frequency);
+    if (isNew) AnnounceNewWord(ctx, w.word);
   }
   if (piece.exit.IsUtf8()) SwitchUtf8On(ctx);
   ctx.run.lngTotalNumOccurrences += counted.run.lngTotalNumOccurrences;

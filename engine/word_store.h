@@ -124,9 +124,15 @@ class WordStore {
     });
   }
 
-  // Starts reading the index where FindShortWord will look for a word with this hash.
+  // Read ahead for a lookup of a word with this hash (FindShortWord, CountWord): the index slot
+  // where the search begins, and, once that is in, the entry it names.
   void PrefetchSlot(uint64_t hash) const {
     if (!slots_.empty()) __builtin_prefetch(&slots_[HomeOf(SlotOf(hash, -1))]);
+  }
+  void PrefetchEntry(uint64_t hash) const {
+    if (slots_.empty()) return;
+    const uint64_t slot = slots_[HomeOf(SlotOf(hash, -1))];
+    if (slot != 0) __builtin_prefetch(&EntryOf(static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1)));
   }
 
   // Counts occurrences more of the stored word id. Throws RunError 6 when the count would pass
