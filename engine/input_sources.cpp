@@ -41,15 +41,23 @@ LineReader* ClipboardReader(EngineContext& ctx, LineReader& textReader) {
   return &textReader;
 }
 
+// From done on, the bytes done for which the bar stays at position p: the bar moves on once
+// kProgressBarWidth * done / size + 0.5 reaches p + 1; a byte less than that bound keeps clear of
+// its rounding, which is far smaller than a byte's share of the bar.
+ProgressBarStretch StretchAt(int64_t done, int64_t size, int16_t p) {
+  const double bound = (p + 0.5) * static_cast<double>(size) / kProgressBarWidth;
+  return {size, done, static_cast<int64_t>(bound) - 1, p};
+}
+
 }  // namespace
 
 bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
-  const double total = static_cast<double>(size);
-  if (total > 0) {
+  RunState& run = ctx.run;
+  if (size > 0 && !run.progressBarStretch.Holds(done, size, run.intProgressBarPosition)) {
+    const auto total = static_cast<double>(size);
     const auto p = static_cast<int16_t>(kProgressBarWidth * done / total + 0.5);
-    if (p != ctx.run.intProgressBarPosition) {
-      UpdateProgressBar(ctx, static_cast<double>(done), total, 1);
-    }
+    if (p != run.intProgressBarPosition) UpdateProgressBar(ctx, static_cast<double>(done), total, 1);
+    if (p == run.intProgressBarPosition) run.progressBarStretch = StretchAt(done, size, p);
   }
   ctx.GiveEventLoopATurn();
   if (!ctx.run.blnStop) return true;

@@ -5,6 +5,7 @@
 
 #include "engine/piece_counting.h"
 #include "engine/piece_merge.h"
+#include "engine/word_hash.h"
 
 namespace wordtally {
 namespace {
@@ -29,7 +30,9 @@ void TakePart(EngineContext& ctx, const LineCounting& lines, const FilePiece& pi
   StretchCounts stretch{{}, part.occurrences, part.wordsIgnored, part.utf8SwitchAt,
                         part.exit->isUtf8};
   stretch.words.reserve(part.words.size());
-  for (const auto& [word, frequency] : part.words) stretch.words.emplace_back(word, frequency);
+  for (const auto& [word, frequency] : part.words) {
+    stretch.words.push_back({word, frequency, WordHashOf(word)});
+  }
   MergeStretch(ctx, stretch);
   preparer = LinePreparer(piece.path, *part.exit);
   ctx.run.comment = part.exitComment;
@@ -76,8 +79,8 @@ CountedPart CountPartHere(const EngineContext& run, const FilePiece& part,
   result.entry = entry;
   if (counted.exit.AtRest()) result.exit = counted.exit.Decisions();
   result.exitComment = counted.exitComment;
-  for (const auto& [word, frequency] : WordsInArrivalOrder(ctx.store)) {
-    result.words.emplace_back(word, frequency);
+  for (const ArrivedWord& arrived : WordsInArrivalOrder(ctx.store)) {
+    result.words.emplace_back(arrived.word, arrived.frequency);
   }
   result.occurrences = ctx.run.lngTotalNumOccurrences;
   result.wordsIgnored = ctx.run.lngNumWordsIgnored;

@@ -5,7 +5,6 @@
 // store is new in the order a one-thread run finds it, and is echoed then.
 #include <cstdint>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace wordtally {
@@ -15,8 +14,14 @@ struct CountedPiece;
 class LinePreparer;
 class WordStore;
 
-// A stretch's words with their counts, in the order they arrived.
-using WordsByArrival = std::vector<std::pair<std::string_view, int32_t>>;
+// A stretch's word with its count and its hash (WordHashOf).
+struct ArrivedWord {
+  std::string_view word;
+  int32_t frequency = 0;
+  uint64_t hash = 0;
+};
+// A stretch's words in the order they arrived.
+using WordsByArrival = std::vector<ArrivedWord>;
 WordsByArrival WordsInArrivalOrder(const WordStore& store);
 
 // What merging takes from a counted stretch.

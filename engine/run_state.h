@@ -8,6 +8,19 @@
 
 namespace wordtally {
 
+// The bytes done over which the progress bar is known to stay at position, for an input of size
+// bytes: the per-line service works the bar's position out (a division) only outside them.
+struct ProgressBarStretch {
+  int64_t size = -1;
+  int64_t from = 0;
+  int64_t until = 0;  // the first byte count outside
+  int16_t position = -1;
+
+  bool Holds(int64_t done, int64_t inputSize, int16_t barPosition) const {
+    return inputSize == size && barPosition == position && done >= from && done < until;
+  }
+};
+
 struct RunState {
   // Word extraction.
   AnsiString strLine;            // the current line, with its trailing blank
@@ -35,6 +48,7 @@ struct RunState {
   bool blnElapsedTimeRunning = false;
   int32_t lngSecondsElapsed = 0;
   int16_t intProgressBarPosition = 0;  // cells filled at the last progress-bar update
+  ProgressBarStretch progressBarStretch;
 
   // Listing.
   int16_t intMinWidth = 6;

@@ -8,7 +8,8 @@ namespace wordtally {
 char* TextArena::Allocate(std::size_t size) {
   if (size > left_) {
     left_ = std::max(kBlockSize, size);
-    blocks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
+    // Spare bytes after the last text of the block, cleared, for the reads past a text's end.
+    blocks_.push_back(std::make_unique<char[]>(left_ + kReadableBytes));
     next_ = blocks_.back().get();
   }
   char* room = next_;

@@ -1,6 +1,8 @@
 #pragma once
 // Keeps copies of many short texts in large blocks that never move, so that a view of a kept text
-// stays valid until Clear() and each text costs only its bytes.
+// stays valid until Clear() and each text costs only its bytes. Every kept text may be read
+// kReadableBytes from its start, also past its end, so that short texts can be compared a fixed
+// number of bytes at a time.
 #include <cstddef>
 #include <memory>
 #include <string_view>
@@ -10,6 +12,8 @@ namespace wordtally {
 
 class TextArena {
  public:
+  static constexpr std::size_t kReadableBytes = 16;
+
   // A copy of text that lives until Clear().
   std::string_view Keep(std::string_view text);
   // Room for size bytes that live until Clear(), to be written by the caller.

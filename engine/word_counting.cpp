@@ -55,4 +55,9 @@ void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash) {
   if (isNew) AnnounceNewWord(ctx, word);
 }
 
+void CountStoredWord(EngineContext& ctx, int32_t id) {
+  ctx.store.CountStoredWord(id);
+  if (ctx.fileTally != nullptr) ctx.fileTally->Add(id);
+}
+
 }  // namespace wordtally

@@ -16,6 +16,8 @@ inline constexpr std::string_view kSuppressionNotice =
 void AddWordToList(EngineContext& ctx, std::string_view word);
 // The same with the word's hash already made (WordHashOf(word)).
 void AddWordToList(EngineContext& ctx, std::string_view word, uint64_t hash);
+// AddWordToList for a word known to be stored, by its store id.
+void CountStoredWord(EngineContext& ctx, int32_t id);
 
 // What a word new to the store shows, just after it was stored: the first word replaces the
 // output text, every tenth the word count, the others are echoed (up to the textbox's limit).

@@ -1,12 +1,13 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
-#include <bit>
+#include <utility>
 #include <cstring>
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
 #include "engine/normalisation.h"
+#include "engine/word_chunks.h"
 #include "engine/word_counting.h"
 #include "engine/word_filters.h"
 #include "engine/word_store.h"
@@ -66,39 +67,17 @@ CommentMarkerPairs UserCommentMarkers(const CountingSettings& settings) {
   return markers;
 }
 
-// What the quick lane learns of a byte as it reads a word, for the accept tests.
-enum ByteKind : unsigned char { kWordByte = 1, kVowelByte = 2, kNotNumeralByte = 4 };
+// What the accept tests of a plain word learn of each of its bytes.
+enum ByteKind : unsigned char { kVowelByte = 1, kNotNumeralByte = 2 };
 
-std::array<unsigned char, 256> MakeByteKinds(const WordCharTable& wordChars) {
+std::array<unsigned char, 256> MakeByteKinds() {
   std::array<unsigned char, 256> kinds{};
   for (int b = 0; b < 256; ++b) {
     const char c = static_cast<char>(b);
-    kinds[b] = static_cast<unsigned char>((wordChars[b] ? kWordByte : 0) |
-                                          (HasNoVowel({&c, 1}) ? 0 : kVowelByte) |
+    kinds[b] = static_cast<unsigned char>((HasNoVowel({&c, 1}) ? 0 : kVowelByte) |
                                           (kRomanNumeralLetters[b] ? 0 : kNotNumeralByte));
   }
   return kinds;
-}
-
-std::array<unsigned char, 256> MakeFold(bool foldCase) {
-  std::array<unsigned char, 256> fold{};
-  for (int b = 0; b < 256; ++b) {
-    fold[b] = foldCase ? LowerAnsiChar(static_cast<unsigned char>(b)) : static_cast<unsigned char>(b);
-  }
-  return fold;
-}
-
-// The accept tests and the apostrophe-fragment drop for a word that normalisation leaves as it
-// is, from what was learnt while it was read: its kinds, and whether any byte differs from the
-// first.
-bool PlainWordAccepted(std::string_view word, unsigned kinds, bool differs,
-                       const NormalizationOptions& options) {
-  if (word.size() < 3 || word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return false;
-  if (options.ignoreNoVowel && (kinds & kVowelByte) == 0) return false;
-  if (!differs) return false;  // one character repeated
-  // Only a word of numeral letters alone needs the full numeral test.
-  if ((kinds & kNotNumeralByte) == 0 && IsRomanNumeral(word, false)) return false;
-  return options.allowApostrophes || !IsContractionStem(word);
 }
 
 AnsiString WithoutChars(std::string_view text, std::string_view removed) {
@@ -127,27 +106,13 @@ WordCharTable MakeWordCharTable(bool allowDigits, std::string_view extraChars) {
 
 namespace {
 
-// The bytes of x (read little-endian) that are ASCII letters, each marked by its high bit.
-uint64_t AsciiLetterBytes(uint64_t x) {
-  constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = kOnes * 0x80;
-  const uint64_t folded = (x | (kOnes * 0x20)) & (kOnes * 0x7F);  // A-Z onto a-z, no carries
-  const uint64_t atLeastA = (folded + kOnes * (0x80 - 'a')) & kHighs;
-  const uint64_t beyondZ = (folded + kOnes * (0x80 - 'z' - 1)) & kHighs;
-  return ~x & atLeastA & ~beyondZ;
-}
-
 // Steps over the ASCII letters at the front of [end, limit) eight at a time; the letters are word
 // characters whatever the settings, and most words are made of nothing else.
 const char* SkipAsciiLetters(const char* end, const char* limit) {
-  if constexpr (std::endian::native == std::endian::little) {
-    constexpr uint64_t kHighs = 0x8080808080808080ull;
-    while (limit - end >= 8) {
-      uint64_t x;
-      std::memcpy(&x, end, 8);
-      const uint64_t others = ~AsciiLetterBytes(x) & kHighs;
-      if (others != 0) return end + std::countr_zero(others) / 8;
-      end += 8;
-    }
+  while (limit - end >= 8) {
+    const uint64_t others = ~AsciiLetterBytes(LoadChunk(end)) & kHighBits;
+    if (others != 0) return end + FirstMarkedByte(others);
+    end += 8;
   }
   return end;
 }
@@ -238,6 +203,23 @@ size_t SkipCleanPrefix(std::string_view text) {
   return i;
 }
 
+// Sixteen bytes compared at once (the compiler's vector extension: SSE2, NEON or plain code).
+using ByteVector = unsigned char __attribute__((vector_size(16)));
+
+// True when the size bytes at text may hold a byte that CleanLine, RemoveHtmlComments or
+// ReplaceCharacterEntities act on (any below 14, the no-break space, "<", "&"). Reads whole
+// vectors: up to 15 bytes past the end, which must not hold such a byte.
+bool MayHoldBytesToPrepare(const char* text, size_t size) {
+  ByteVector found{};
+  for (size_t at = 0; at < size; at += sizeof(ByteVector)) {
+    ByteVector bytes;
+    std::memcpy(&bytes, text + at, sizeof bytes);
+    found |= static_cast<ByteVector>((bytes < 14) | (bytes == 0xA0) | (bytes == '<') | (bytes == '&'));
+  }
+  return LoadChunk(reinterpret_cast<const char*>(&found)) != 0 ||
+         LoadChunk(reinterpret_cast<const char*>(&found) + 8) != 0;
+}
+
 }  // namespace
 
 void CleanLine(AnsiString& line, bool keepTabs) {
@@ -274,52 +256,83 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
   for (int i = 0; i < markers_.count; ++i) {
     commentStartChars_[static_cast<unsigned char>(markers_.start[i].front())] = true;
   }
+  for (int b = 0; b < 256; ++b) skipEnds_[b] = startChars_[b] || commentStartChars_[b];
+  skipEnds_[' '] = false;
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
-  byteKinds_ = MakeByteKinds(wordChars_);
-  fold_ = MakeFold(foldCase_);
+  byteKinds_ = MakeByteKinds();
   scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
 void LineWalker::WalkLine() {
   RunState& run = ctx_.run;
   AnsiString& line = run.strLine;
-  CleanLine(line, false);
-  run.blnCommentsPossible = markers_.count >= 1;
-  if (!run.blnReadingWords) {
-    RemoveHtmlComments(line);
-    if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+  CopyLine(line);
+  // Cleaning, HTML comments and character entities leave a line without the bytes they act on as
+  // it is: most lines are only looked over, in their copy.
+  if (MayHoldBytesToPrepare(text_.data(), line.size())) {
+    CleanLine(line, false);
+    if (!run.blnReadingWords) {
+      RemoveHtmlComments(line);
+      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+    }
+    CopyLine(line);
   }
+  run.blnCommentsPossible = markers_.count >= 1;
   const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
   // Entity tails and plurals rewrite words, and common words are read without the word tests:
   // those take the full pipeline.
   const bool plainLane =
       !options.blnCharacterEntitiesPossible && !options.dropFinalS && !options.blnReadingWords;
-  const int32_t length = static_cast<int32_t>(line.size());
-  run.lngLP = 1;
-  while (run.lngLP < length) {
-    ctx_.GiveEventLoopATurn();
-    unsigned char c = static_cast<unsigned char>(line[run.lngLP - 1]);
+  const bool commentsPossible = run.blnCommentsPossible;
+  bool commentGoesOn = commentsPossible && run.comment.intWithinComment >= 0;
+  const char* const text = text_.data();
+  // The walk ends at the line's last character, its trailing blank.
+  const char* const last = text + line_.size() - 1;
+  const char* at = text;
+  while (at < last) {
+    unsigned char c = static_cast<unsigned char>(*at);
     // The comment step is only entered where a comment goes on or a start marker may begin.
-    if (run.blnCommentsPossible && (run.comment.intWithinComment >= 0 || commentStartChars_[c])) {
+    if (commentGoesOn || (commentsPossible && commentStartChars_[c])) {
+      commentGoesOn = false;
+      if (!CountWordsRead(options)) return;
+      ctx_.GiveEventLoopATurn();
+      run.lngLP = static_cast<int32_t>(at - text) + 1;
       if (!StepOverComments()) return;
-      c = static_cast<unsigned char>(line[run.lngLP - 1]);
+      at = text + run.lngLP - 1;
+      c = static_cast<unsigned char>(*at);
     }
     if (startChars_[c]) {
+      const size_t shortSize = plainLane ? ReadShortWord(at) : 0;
+      if (shortSize != 0) {
+        at += shortSize;
+        if (wordsReadCount_ == kWordsReadAhead && !CountWordsRead(options)) return;
+        continue;
+      }
+      if (!CountWordsRead(options)) return;
+      run.lngLP = static_cast<int32_t>(at - text) + 1;
       if (!plainLane || !TakePlainWord(options)) TakeWord(options);
+      at = text + run.lngLP - 1;
       ctx_.GiveEventLoopATurn();
       if (run.blnStop) return;
       continue;
     }
-    // Punctuation and blanks: on to the next character that is not a blank.
-    const size_t next = line.find_first_not_of(' ', static_cast<size_t>(run.lngLP));
-    if (next == AnsiString::npos) return;
-    run.lngLP = static_cast<int32_t>(next) + 1;
+    // Punctuation and blanks: on to the next character where a word or a comment may begin (the
+    // sentinel after the line ends the search).
+    do ++at; while (!skipEnds_[static_cast<unsigned char>(*at)]);
   }
+  CountWordsRead(options);
+}
+
+void LineWalker::CopyLine(std::string_view line) {
+  if (text_.size() < line.size() + kLineSlack) text_.resize(line.size() + kLineSlack);
+  std::memcpy(text_.data(), line.data(), line.size());
+  std::memset(text_.data() + line.size(), kSentinel, kSentinels);
+  line_ = std::string_view(text_.data(), line.size());
 }
 
 bool LineWalker::StepOverComments() {
   RunState& run = ctx_.run;
-  const std::string_view line = run.strLine;
+  const std::string_view line = line_;
   CommentState& state = run.comment;
   auto detect = [&] {
     return commentStartChars_[static_cast<unsigned char>(line[run.lngLP - 1])]
@@ -339,9 +352,9 @@ bool LineWalker::StepOverComments() {
 
 void LineWalker::TakeWord(const NormalizationOptions& options) {
   RunState& run = ctx_.run;
-  const int32_t length = CountWordChars(run.strLine, run.lngLP, wordChars_);
+  const int32_t length = CountWordChars(line_, run.lngLP, wordChars_);
   // The word is folded where it stands: the walk never looks back at the line.
-  char* start = run.strLine.data() + run.lngLP - 1;
+  char* start = text_.data() + run.lngLP - 1;
   if (foldCase_) LowerAnsiInPlace(start, static_cast<size_t>(length));
   run.lngLP += length;
   const std::string_view word =
@@ -349,44 +362,115 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
   if (IsAcceptedWord(word)) CountAcceptedWord(word, WordHashOf(word));
 }
 
-// Reads, folds and hashes the word in one pass. A word ending in a character that normalisation
-// strips is left to TakeWord, which folds it again to the same bytes.
-bool LineWalker::TakePlainWord(const NormalizationOptions& options) {
-  RunState& run = ctx_.run;
-  char* const start = run.strLine.data() + run.lngLP - 1;
-  const char* const limit =
-      start + std::min<size_t>(run.strLine.size() - static_cast<size_t>(run.lngLP - 1), kMaxWordCharRun);
-  const unsigned char first = fold_[static_cast<unsigned char>(*start)];
-  uint64_t hash = kWordHashSeed;
-  unsigned kinds = 0;
-  unsigned differs = 0;
-  char* end = start;
-  for (; end != limit; ++end) {
-    const unsigned char kind = byteKinds_[static_cast<unsigned char>(*end)];
-    if ((kind & kWordByte) == 0) break;
-    const unsigned char c = fold_[static_cast<unsigned char>(*end)];
-    *end = static_cast<char>(c);
-    hash = WordHashStep(hash, c);
-    kinds |= kind;
-    differs |= c ^ first;
+// Most words are made of ASCII letters alone and are at most 16 long: such a word is read and
+// folded two chunks at a time, without a pass over its bytes, and set aside with its hash, to be
+// counted together with the words read after it. Returns its length, or 0 when the word at start
+// is not such a word.
+size_t LineWalker::ReadShortWord(const char* start) {
+  ByteVector bytes;
+  std::memcpy(&bytes, start, sizeof bytes);
+  const auto letters = static_cast<ByteVector>(static_cast<ByteVector>((bytes | 0x20) - 'a') < 26);
+  const ChunkPair ends{~LoadChunk(reinterpret_cast<const char*>(&letters)) & kHighBits,
+                       ~LoadChunk(reinterpret_cast<const char*>(&letters) + 8) & kHighBits};
+  if ((ends.first | ends.second) == 0) return 0;  // more than 16 letters
+  const size_t size =
+      ends.first != 0 ? FirstMarkedByte(ends.first) : 8 + FirstMarkedByte(ends.second);
+  // Not a letter first, a word going on with other word characters, or no blank after the word.
+  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
+      start + size > line_.data() + line_.size()) {
+    return 0;
   }
-  const std::string_view word(start, static_cast<size_t>(end - start));
-  if (word.back() == '-' || word.back() == '"') return false;
-  run.lngLP += static_cast<int32_t>(word.size());
-  if (PlainWordAccepted(word, kinds, differs != 0, options)) CountAcceptedWord(word, hash);
+  if (size < 3) return size;  // too short to be counted
+  // Every byte of the word is a letter: folding sets the lower-case bit of each.
+  const uint64_t lowerCaseBits = foldCase_ ? kEveryByte * 0x20 : 0;
+  const ChunkPair chunks = FirstBytes(
+      {LoadChunk(start) | lowerCaseBits, LoadChunk(start + 8) | lowerCaseBits}, size);
+  const uint64_t hash = ShortWordHash(chunks, size);
+  ctx_.store.PrefetchSlot(hash);
+  ShortWord& read = wordsRead_[wordsReadCount_++];
+  StoreChunk(read.bytes, chunks.first);
+  StoreChunk(read.bytes + 8, chunks.second);
+  read.hash = hash;
+  read.size = static_cast<uint32_t>(size);
+  return size;
+}
+
+// Counts the words set aside, in their order, as the walk would have counted each one as it read
+// it: with an event-loop turn after each. The store's reads for the next words are under way
+// meanwhile. False when the run is stopped.
+bool LineWalker::CountWordsRead(const NormalizationOptions& options) {
+  const size_t count = std::exchange(wordsReadCount_, 0);
+  // A word accepted before and stored, the common case, is counted here without further ado.
+  const bool noExclusions = NoExclusions(ctx_.settings);
+  for (size_t i = 0; i < count; ++i) {
+    const ShortWord& read = wordsRead_[i];
+    const std::string_view word(read.bytes, read.size);
+    const int32_t id = ctx_.store.FindShortWord(
+        {LoadChunk(read.bytes), LoadChunk(read.bytes + 8)}, read.size, read.hash);
+    const bool accepted = id >= 0 && static_cast<size_t>(id) < accepted_.size() && accepted_[id];
+    if (accepted && noExclusions) {
+      Increment(ctx_.run.lngTotalNumOccurrences);
+      CountStoredWord(ctx_, id);
+    } else if (accepted || PlainWordAccepted(word, options)) {
+      if (id >= 0) RememberAccepted(id);
+      CountAcceptedWord(word, read.hash, id);
+    }
+    ctx_.GiveEventLoopATurn();
+    if (ctx_.run.blnStop) return false;
+  }
   return true;
 }
 
-void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash) {
+// A word that normalisation leaves as it is: folded where it stands and counted. A word ending in
+// a character that normalisation strips is left to TakeWord.
+bool LineWalker::TakePlainWord(const NormalizationOptions& options) {
+  RunState& run = ctx_.run;
+  const auto length = static_cast<size_t>(CountWordChars(line_, run.lngLP, wordChars_));
+  char* const start = text_.data() + run.lngLP - 1;
+  const char last = start[length - 1];
+  if (last == '-' || last == '"') return false;
+  if (foldCase_) LowerAnsiInPlace(start, length);
+  run.lngLP += static_cast<int32_t>(length);
+  const std::string_view word(start, length);
+  if (PlainWordAccepted(word, options)) CountAcceptedWord(word, WordHashOf(word));
+  return true;
+}
+
+// The accept tests and the apostrophe-fragment drop for a word that normalisation leaves as it is.
+bool LineWalker::PlainWordAccepted(std::string_view word,
+                                   const NormalizationOptions& options) const {
+  if (word.size() < 3 || word.size() > static_cast<size_t>(intMaxPermittedWordLength)) return false;
+  unsigned kinds = 0;
+  bool differs = false;
+  for (char c : word) {
+    kinds |= byteKinds_[static_cast<unsigned char>(c)];
+    differs |= c != word.front();
+  }
+  if (options.ignoreNoVowel && (kinds & kVowelByte) == 0) return false;
+  if (!differs) return false;  // one character repeated
+  // Only a word of numeral letters alone needs the full numeral test.
+  if ((kinds & kNotNumeralByte) == 0 && IsRomanNumeral(word, false)) return false;
+  return options.allowApostrophes || !IsContractionStem(word);
+}
+
+void LineWalker::RememberAccepted(int32_t id) {
+  const auto index = static_cast<size_t>(id);
+  if (index >= accepted_.size()) accepted_.resize(std::max(index + 1, 2 * accepted_.size()));
+  accepted_[index] = 1;
+}
+
+void LineWalker::CountAcceptedWord(std::string_view word, uint64_t hash, int32_t storedId) {
   if (ctx_.run.blnReadingWords) {
     AddWordToList(ctx_, word, hash);
     return;
   }
   Increment(ctx_.run.lngTotalNumOccurrences);
-  if (NoExclusions(ctx_.settings)) {
-    AddWordToList(ctx_, word, hash);
-  } else {
+  if (!NoExclusions(ctx_.settings)) {
     GetWords2(ctx_, word, hash);
+  } else if (storedId >= 0) {
+    CountStoredWord(ctx_, storedId);
+  } else {
+    AddWordToList(ctx_, word, hash);
   }
 }
 

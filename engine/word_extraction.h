@@ -4,7 +4,9 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
+#include "engine/word_chunks.h"
 #include "input/comment_markers.h"
 #include "support/ansi_text.h"
 
@@ -56,7 +58,8 @@ void RemoveHtmlComments(AnsiString& line);
 // Walks ctx.run.strLine (which ends in one blank) and hands every word found on: to the exclusion
 // step and the word store during a run, straight to the word store while common words are read.
 // Built once per run or load: the character tables and comment markers come from the settings
-// at construction (the "C" markers when ctx.run.blnReadingWords is already set).
+// at construction (the "C" markers when ctx.run.blnReadingWords is already set), and the settings
+// stay as they are while it walks.
 class LineWalker {
  public:
   explicit LineWalker(EngineContext& ctx);
@@ -65,22 +68,51 @@ class LineWalker {
   void WalkLine();
 
  private:
+  // The line is walked in a copy of its own, followed by a sentinel and spare bytes, so that the
+  // scans need no bounds test at each byte and may read a word's bytes 16 at a time.
+  static constexpr size_t kLineSlack = 32;
+  // Word characters, which end the skip over blanks; as many as a read of 16 bytes may pass the
+  // line's end by.
+  static constexpr char kSentinel = 'a';
+  static constexpr size_t kSentinels = 16;
+  void CopyLine(std::string_view line);
   // Steps over comments at lngLP; false when the rest of the line is comment.
   bool StepOverComments();
   // Takes the word at lngLP and counts it when it is accepted.
   void TakeWord(const NormalizationOptions& options);
-  // The quick lane for a word that normalisation leaves as it is; false when it is not such a word.
+  // The quick lanes for a word that normalisation leaves as it is. ReadShortWord reads a word of
+  // at most 16 ASCII letters and sets it aside for CountWordsRead (false: the run is stopped);
+  // TakePlainWord takes any other, or returns false when normalisation would change it.
+  size_t ReadShortWord(const char* start);
+  bool CountWordsRead(const NormalizationOptions& options);
   bool TakePlainWord(const NormalizationOptions& options);
-  void CountAcceptedWord(std::string_view word, uint64_t hash);
+  bool PlainWordAccepted(std::string_view word, const NormalizationOptions& options) const;
+  void RememberAccepted(int32_t id);
+  // Counts an accepted word; storedId is its id when it is known to be stored, else -1.
+  void CountAcceptedWord(std::string_view word, uint64_t hash, int32_t storedId = -1);
 
   EngineContext& ctx_;
   WordCharTable wordChars_{};
   WordCharTable startChars_{};
   std::array<bool, 256> commentStartChars_{};
-  std::array<unsigned char, 256> byteKinds_{};  // what the quick lane learns of each byte
-  std::array<unsigned char, 256> fold_{};       // lower case, or each byte itself
+  // Where a skip over punctuation and blanks ends: a word or a comment may begin there.
+  std::array<bool, 256> skipEnds_{};
+  std::array<unsigned char, 256> byteKinds_{};  // what the accept tests learn of each byte
   CommentMarkerPairs markers_;
   bool foldCase_ = false;
+  std::vector<char> text_;  // the line walked, with its sentinel and spare bytes
+  std::string_view line_;   // the line walked within text_
+  // A word read by ReadShortWord: its bytes, folded and cleared beyond its end, and its hash.
+  struct ShortWord {
+    char bytes[16];
+    uint64_t hash;
+    uint32_t size;
+  };
+  static constexpr size_t kWordsReadAhead = 64;
+  std::array<ShortWord, kWordsReadAhead> wordsRead_;
+  size_t wordsReadCount_ = 0;
+  // By store id, the words of at most 16 letters that passed the accept tests in this walk.
+  std::vector<unsigned char> accepted_;
   AnsiString scratch_;  // the plural rules' rewritten word
 };
 

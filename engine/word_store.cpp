@@ -64,12 +64,6 @@ AnsiString MakeSortKey(std::string_view word) {
   return key;
 }
 
-uint64_t WordHashOf(std::string_view word) {
-  uint64_t hash = kWordHashSeed;
-  for (char c : word) hash = WordHashStep(hash, static_cast<unsigned char>(c));
-  return hash;
-}
-
 WordStore::WordStore() { Reset(); }
 
 void WordStore::Reset() {

@@ -14,6 +14,8 @@
 #include <vector>
 
 #include "engine/text_arena.h"
+#include "engine/word_chunks.h"
+#include "engine/word_hash.h"
 #include "support/run_error.h"
 #include "support/ansi_text.h"
 
@@ -29,14 +31,6 @@ struct WordListEntry {
   int32_t NextByFreq = 0;
   bool Included = false;
 };
-
-// The store's hash of a word, made one byte at a time so that a scanner can make it while it reads
-// the word: start from kWordHashSeed and take each byte in with WordHashStep.
-inline constexpr uint64_t kWordHashSeed = 0xCBF29CE484222325ull;
-[[gnu::always_inline]] inline uint64_t WordHashStep(uint64_t hash, unsigned char byte) {
-  return (hash ^ byte) * 0x100000001B3ull;
-}
-uint64_t WordHashOf(std::string_view word);
 
 // The key for the alphabetical listing: "Œ Ä Æ Ö Ü ä æ ö ü ß" transliterated to two letters,
 // accents folded, then lower-cased. "Straße" -> "strasse", "Élan" -> "elan".
@@ -106,25 +100,45 @@ class WordStore {
   // 0 for the first distinct word counted since Reset(), 1 for the second, and so on, so that a
   // per-word table beside the store can be a plain array. isNew tells whether it was new.
   int32_t CountWord(std::string_view word, bool& isNew, int32_t occurrences = 1);
-  // The same with the word's hash already made (WordHashOf(word)). Inline: a known word, the
-  // common case, costs one probe and one comparison on the per-word path.
+  // The same with the word's hash already made (WordHashOf(word)).
   int32_t CountWord(std::string_view word, uint64_t hash, bool& isNew, int32_t occurrences = 1) {
-    if (state_ != State::Counting) ResumeCounting();
     const uint64_t wanted = SlotOf(hash, -1);  // the hash bits, no id
-    const size_t mask = slots_.size() - 1;
-    size_t i = HomeOf(wanted);
-    for (uint64_t slot; (slot = slots_[i]) != 0; i = (i + 1) & mask) {
-      if ((slot ^ wanted) >> 32 != 0) continue;
-      const auto id = static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1);
-      Entry& entry = EntryOf(id);
-      if (entry.size == word.size() && SameBytes(entry.text, word.data(), word.size())) {
-        Add(entry.frequency, occurrences);
-        isNew = false;
-        return id;
-      }
-    }
-    isNew = true;
-    return AddWord(word, wanted, i, occurrences);
+    size_t index;
+    const int32_t id = Probe(wanted, index, [word](const Entry& entry) {
+      return entry.size == word.size() && SameBytes(entry.text, word.data(), word.size());
+    });
+    isNew = id < 0;
+    if (isNew) return AddWord(word, wanted, index, occurrences);
+    CountStoredWord(id, occurrences);
+    return id;
+  }
+
+  // The id of a stored word of at most 16 bytes, given as its chunks (cleared beyond its end),
+  // its size and ShortWordHash; -1 when it is not stored. Inline: the line walk finds almost every
+  // word it reads this way, with one probe and one comparison of two chunks.
+  int32_t FindShortWord(ChunkPair chunks, uint32_t size, uint64_t hash) {
+    size_t index;
+    return Probe(SlotOf(hash, -1), index, [chunks, size](const Entry& entry) {
+      return entry.size == size &&
+             FirstBytes({LoadChunk(entry.text), LoadChunk(entry.text + 8)}, size) == chunks;
+    });
+  }
+
+  // Read ahead for a lookup of a word with this hash (FindShortWord, CountWord): the index slot
+  // where the search begins, and, once that is in, the entry it names.
+  void PrefetchSlot(uint64_t hash) const {
+    if (!slots_.empty()) __builtin_prefetch(&slots_[HomeOf(SlotOf(hash, -1))]);
+  }
+  void PrefetchEntry(uint64_t hash) const {
+    if (slots_.empty()) return;
+    const uint64_t slot = slots_[HomeOf(SlotOf(hash, -1))];
+    if (slot != 0) __builtin_prefetch(&EntryOf(static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1)));
+  }
+
+  // Counts occurrences more of the stored word id. Throws RunError 6 when the count would pass
+  // 2147483647.
+  void CountStoredWord(int32_t id, int32_t occurrences = 1) {
+    Add(EntryOf(id).frequency, occurrences);
   }
 
   // Calls visit(word, frequency, id) for every word, in no particular order.
@@ -169,7 +183,7 @@ class WordStore {
     const uint64_t mixed = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15ull;
     return (mixed & 0xFFFFFFFF00000000ull) | (static_cast<uint64_t>(id) + 1);
   }
-  // Words are short: from 4 to 16 bytes they are compared through two overlapping fixed-size
+  // Words are short: from 2 to 16 bytes they are compared through two overlapping fixed-size
   // loads each, without a library call.
   template <typename Chunk>
   static bool SameEnds(const char* a, const char* b, size_t size) {
@@ -183,9 +197,24 @@ class WordStore {
   static bool SameBytes(const char* a, const char* b, size_t size) {
     if (size >= 8 && size <= 16) return SameEnds<uint64_t>(a, b, size);
     if (size >= 4 && size < 8) return SameEnds<uint32_t>(a, b, size);
+    if (size >= 2 && size < 4) return SameEnds<uint16_t>(a, b, size);
     return std::memcmp(a, b, size) == 0;
   }
   size_t HomeOf(uint64_t slot) const { return static_cast<size_t>(slot >> 32) >> homeShift_; }
+  // The id of the word whose hash bits are wanted and whose entry is the same as the word looked
+  // for; -1 when there is none, with index at the empty slot where the word would go.
+  template <typename Same>
+  int32_t Probe(uint64_t wanted, size_t& index, Same same) {
+    if (state_ != State::Counting) ResumeCounting();
+    const size_t mask = slots_.size() - 1;
+    for (index = HomeOf(wanted);; index = (index + 1) & mask) {
+      const uint64_t slot = slots_[index];
+      if (slot == 0) return -1;
+      if ((slot ^ wanted) >> 32 != 0) continue;
+      const auto id = static_cast<int32_t>((slot & 0xFFFFFFFFu) - 1);
+      if (same(EntryOf(id))) return id;
+    }
+  }
   void ResizeIndex(size_t capacity);
   void RebuildIndex();
   // Adds a new word, whose hash bits are wanted, in the empty slot at index; returns its id.

@@ -9,6 +9,13 @@
 #include "support/run_error.h"
 
 namespace wordtally {
+namespace {
+
+int64_t NanosecondsOf(const timespec& time) {
+  return static_cast<int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+}  // namespace
 
 int ByteFile::Open(const std::string& path) {
   Close();
@@ -22,6 +29,8 @@ int ByteFile::Open(const std::string& path) {
   }
   fd_ = fd;
   size_ = info.st_size;
+  identity_ = {static_cast<uint64_t>(info.st_dev), static_cast<uint64_t>(info.st_ino), size_,
+               NanosecondsOf(info.st_mtim), NanosecondsOf(info.st_ctim)};
   lastError_ = 0;
   return 0;
 }
@@ -38,6 +47,7 @@ void ByteFile::Close() {
   if (fd_ >= 0) ::close(fd_);
   fd_ = -1;
   size_ = 0;
+  identity_ = {};
 }
 
 int ByteFile::Seek(int64_t offset) {

@@ -7,6 +7,17 @@
 
 namespace wordtally {
 
+// What tells one state of a file from another: which file it is, and its size and its times of
+// last modification and last change, which every write moves on.
+struct FileIdentity {
+  uint64_t device = 0;
+  uint64_t inode = 0;
+  int64_t size = 0;
+  int64_t modifiedNs = 0;
+  int64_t changedNs = 0;
+  bool operator==(const FileIdentity&) const = default;
+};
+
 class ByteFile {
  public:
   ByteFile() = default;
@@ -22,6 +33,8 @@ class ByteFile {
   void Close();
   bool IsOpen() const { return fd_ >= 0; }
   int64_t Size() const { return size_; }
+  // The identity of the file as it was opened (all zero for an attached descriptor).
+  const FileIdentity& Identity() const { return identity_; }
   // Moves to byte offset of the file: 0 on success, else the error number.
   int Seek(int64_t offset);
 
@@ -33,6 +46,7 @@ class ByteFile {
  private:
   int fd_ = -1;
   int64_t size_ = 0;
+  FileIdentity identity_;
   int lastError_ = 0;
 };
 

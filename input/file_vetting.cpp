@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
@@ -29,20 +31,21 @@ int16_t ProbeCodeOfOsError(int osError) {
   return (osError == EACCES || osError == EPERM) ? kProbePermissionDenied : kProbeOtherError;
 }
 
-// A charset declaration or the UTF-8 lead of the general punctuation block anywhere in the file.
-// Neither holds a line break, so the file is searched in large blocks rather than line by line;
-// each block starts with the last bytes of the one before, so that no hint is cut in two.
-// A read failure counts as no hint.
-bool HasUtf8Hint(ByteFile& file) {
+// A charset declaration or the UTF-8 lead of the general punctuation block anywhere in the file;
+// nothing when reading failed. Neither holds a line break, so the file is searched in large blocks
+// rather than line by line; each block starts with the last bytes of the one before, so that no
+// hint is cut in two.
+std::optional<bool> SearchUtf8Hint(ByteFile& file) {
   constexpr std::size_t kBlock = 1 << 20;
   constexpr std::size_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
-  if (file.Seek(0) != 0) return false;
+  if (file.Seek(0) != 0) return std::nullopt;
   std::string window(kOverlap + BlockSizeFor(file.Size(), kBlock), '\0');
   const std::size_t block = window.size() - kOverlap;
   std::size_t kept = 0;
   for (;;) {
     const std::ptrdiff_t got = file.Read(window.data() + kept, block);
-    if (got <= 0) return false;
+    if (got < 0) return std::nullopt;
+    if (got == 0) return false;
     const std::string_view text(window.data(), kept + static_cast<std::size_t>(got));
     if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
       return true;
@@ -51,6 +54,28 @@ bool HasUtf8Hint(ByteFile& file) {
     kept = std::min(kOverlap, text.size());
     std::memmove(window.data(), text.data() + text.size() - kept, kept);
   }
+}
+
+// SearchUtf8Hint, with a read failure counted as no hint. The search reads the whole file, and a
+// file is often vetted twice in a row (the command line sets the UTF-8 box from it before the run
+// vets it, the window when the file is chosen and when it is counted): the last verdict is kept
+// with the identity of the file state it was made for, which any write to the file changes.
+bool HasUtf8Hint(ByteFile& file) {
+  static std::mutex mutex;
+  static FileIdentity searched;
+  static bool verdict = false;
+  const FileIdentity identity = file.Identity();
+  if (identity != FileIdentity{}) {
+    const std::lock_guard lock(mutex);
+    if (identity == searched) return verdict;
+  }
+  const std::optional<bool> found = SearchUtf8Hint(file);
+  if (found && identity != FileIdentity{}) {
+    const std::lock_guard lock(mutex);
+    searched = identity;
+    verdict = *found;
+  }
+  return found.value_or(false);
 }
 
 // Valid UTF-8 throughout, with at least one multi-byte sequence. A read failure counts as no.

@@ -20,6 +20,12 @@ TEST_F(EngineTest, LineWalkCountsTheWordsTheSettingsAllow) {
       {keep, {"well-known -known known- --- aaa XIV mix Livid \x8Cuvre"},
        "known:2 livid uvre well-known", 5},
       {keep, {longest + " " + longest + "c"}, longest, 1},
+      // Words of up to 16 letters and longer ones, with another word character or at the end.
+      {keep, {"abcdefghijklmnop abcdefghijklmnopq Abcdefghijklmnop x-ray zzz Zzz xiv XIV", "tail"},
+       "abcdefghijklmnop:2 abcdefghijklmnopq tail x-ray", 5},
+      // Tabs and no-break spaces are blanks; an HTML comment goes, also past the first 16 bytes.
+      {keep, {"one<!-- two -->three\tfour\xA0" "five", "sixteen bytes on and then a comment <!-- hidden -->shown"},
+       "and bytes comment five four onethree shown sixteen then", 9},
       {keep, {Repeated("word ", 300)}, "word:300", 300},
       {[](auto& s) { s.chkCaseSignificant = 1; }, {"The the THE"}, "THE The the", 3},
       {[](auto& s) { s.chkDropFinalS = 1; }, {"MICE Cities"}, "city mouse", 2},  // after folding
@@ -56,6 +62,18 @@ TEST_F(EngineTest, LineWalkCountsTheWordsTheSettingsAllow) {
               std::pair(c.total, c.ignored)) << c.lines[0];
   }
   EXPECT_EQ(host.processEventsCount, 0);
+}
+
+TEST_F(EngineTest, StoredWordsAreCountedOnlyWhenTheWalkAcceptsThem) {
+  // Words merged from elsewhere (a count file) may be words that this run's tests reject.
+  for (const char* w : {"xiv", "hmm", "couldn", "able"}) ctx.store.Count(w);
+  LineWalker walker(ctx);
+  for (int i = 0; i < 2; ++i) {
+    ctx.run.strLine = "xiv hmm couldn able Able ";
+    walker.WalkLine();
+  }
+  EXPECT_EQ(Stored(ctx.store), "able:5 couldn hmm xiv");
+  EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 4);
 }
 
 TEST_F(EngineTest, NewWordsAreEchoedOnceUntilTheTextboxIsFull) {

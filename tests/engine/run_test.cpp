@@ -251,6 +251,18 @@ TEST_F(EngineTest, ClockAndProgressBarCaptions) {
   EXPECT_EQ(host.Caption(Control::TotalNumOccurrences), Bar(36, ">", 0));
 }
 
+TEST_F(EngineTest, FileProgressBarIsDrawnOnceForEachCellItReaches) {
+  // Lines of 100 bytes: after line k of n the bar is at 37 k / n + 0.5 cells, rounded down; with
+  // 37 lines each line moves it one cell on, with 74 every other line does.
+  std::vector<AnsiString> expected{Bar(0, "", 37)};
+  for (int cells = 1; cells <= 37; ++cells) expected.push_back(Bar(cells - 1, ">", 37 - cells));
+  for (int lines : {37, 74}) {
+    host.captionHistory.clear();
+    CountFile(WriteFile("lines.txt", Repeated(Repeated("word ", 19) + "end\r\n", lines)));
+    EXPECT_EQ(host.captionHistory[Control::TotalNumOccurrences], expected) << lines;
+  }
+}
+
 TEST_F(EngineTest, StopEndsAtOnceBelow2000WordsAndAsksFrom2000On) {
   // Stop is pressed once, at the first event-loop turn at which the store holds stopAt words: the
   // words before that turn are distinct, and many lines that repeat the first one follow.

@@ -196,6 +196,21 @@ TEST(WordStore, KeepsBinaryOrderWhateverTheArrivalOrder) {
                  {"\xD0\xF0\x8A\x9F\xDE", "d\xF0sy\xFE"}});
 }
 
+TEST(WordStore, FindsAShortWordByItsChunksAsCountWordStoredIt) {
+  WordStore store;
+  const std::vector<std::string> words{"abc", "abd", "abcdefgh", "abcdefghi", std::string(16, 'p')};
+  for (const std::string& w : words) store.Count(w);
+  const auto find = [&store](std::string_view w) {
+    const ChunkPair chunks = ChunksOf(w.data(), w.size());
+    return store.FindShortWord(chunks, static_cast<uint32_t>(w.size()), ShortWordHash(chunks, w.size()));
+  };
+  for (size_t id = 0; id < words.size(); ++id) EXPECT_EQ(find(words[id]), id) << words[id];
+  // Prefixes and extensions of stored words are other words, also where the extra byte is 0.
+  const std::string absent[] = {"ab", "abcd", "abcdefg", "abcdefghij", std::string("abcdefgh\0", 9),
+                                std::string(15, 'p')};
+  for (const std::string& w : absent) EXPECT_EQ(find(w), -1) << w;
+}
+
 TEST(WordStore, GrowsInStepsOf500AndCountsUpToTheLargestCount) {
   WordStore store;
   EXPECT_EQ(store.UpperBound(), 500);

@@ -56,6 +56,15 @@ TEST_F(FileVettingTest, ProbeKnowsTheTextExtensionsAndDetectsTheEncoding) {
   }
 }
 
+// The verdict of the whole-file search is kept for the file as it was searched, not past a change.
+TEST_F(FileVettingTest, CharsetHintSearchFollowsTheFileAsItChanges) {
+  for (const auto& [text, code] : {std::pair{"plain words\r\n", 0}, {"a <meta charset=utf-8>", 3},
+                                   {"plain again", 0}, {"plain again \xE2\x80\x94", 3}}) {
+    EXPECT_EQ(DetectFileEncoding(Write("same.txt", text), true), code) << text;
+    EXPECT_EQ(DetectFileEncoding("same.txt", true), code) << text;
+  }
+}
+
 // The class code, first control character and its position, control percentage and UTF-8 flag,
 // with the 16384-byte sample that CheckInputFile uses.
 TEST_F(FileVettingTest, ClassifyTextFileLineEndsAndControlCharacters) {
