@@ -77,5 +77,8 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 // U+00E9, although its byte is smaller). Returns <0, 0 or >0.
 int CompareCodeUnits(std::string_view a, std::string_view b);
 inline bool LessCodeUnits(std::string_view a, std::string_view b) { return CompareCodeUnits(a, b) < 0; }
+// The place of a byte's character in that order, 0 to 255: texts compare as CompareCodeUnits
+// compares them when each byte is replaced by its rank and the ranks compared as unsigned bytes.
+unsigned char CodeUnitRank(unsigned char byte);
 
 }  // namespace wordtally
