@@ -1,5 +1,6 @@
 #include "cli/console_host.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "engine/program_texts.h"
@@ -18,13 +19,23 @@ bool IsStatistic(Control c) {
 }  // namespace
 
 std::string ToTerminalText(std::string_view text) {
-  std::string lf;
-  lf.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    lf += text[i];
+  std::string terminalText;
+  AppendTerminalText(terminalText, text);
+  return terminalText;
+}
+
+// Plain ASCII without a CR, as most listing lines are, stays as it is.
+void AppendTerminalText(std::string& out, std::string_view text) {
+  if (std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || (c & 0x80) != 0; })) {
+    out.append(text);
+    return;
   }
-  return AnsiToUtf8(lf);
+  for (size_t start = 0;;) {
+    const size_t crLf = text.find(kCrLf, start);
+    AppendAnsiAsUtf8(out, text.substr(start, crLf - start));  // to the end when there is none
+    if (crLf == std::string_view::npos) return;
+    start = crLf + 1;  // the LF stays
+  }
 }
 
 void ConsoleHost::Print(std::string_view title, std::string_view text) const {

@@ -85,9 +85,13 @@ std::u16string AnsiToUtf16(std::string_view text) {
 
 std::string AnsiToUtf8(std::string_view text) {
   std::string out;
-  out.reserve(text.size());
-  for (char c : text) AppendUtf8(out, kUnicode[static_cast<unsigned char>(c)]);
+  AppendAnsiAsUtf8(out, text);
   return out;
+}
+
+void AppendAnsiAsUtf8(std::string& out, std::string_view text) {
+  out.reserve(out.size() + text.size());
+  for (char c : text) AppendUtf8(out, kUnicode[static_cast<unsigned char>(c)]);
 }
 
 AnsiString Utf16ToAnsi(std::u16string_view text) {

@@ -17,6 +17,7 @@ char16_t AnsiToUnicode(unsigned char byte);
 char CodePointToAnsi(char32_t codePoint);
 std::u16string AnsiToUtf16(std::string_view text);
 std::string AnsiToUtf8(std::string_view text);
+void AppendAnsiAsUtf8(std::string& out, std::string_view text);
 // A character outside the code page becomes '?'.
 AnsiString Utf16ToAnsi(std::u16string_view text);
 // Decodes well-formed UTF-8; a malformed byte or a character outside the code page becomes '?'.
