@@ -17,26 +17,37 @@ void SwitchUtf8On(EngineContext& ctx) {
   ctx.host.SettingsChanged();
 }
 
-// The store's words with their counts, indexed by id: the order of arrival.
-std::vector<std::pair<std::string_view, int32_t>> WordsByArrival(const WordStore& store) {
-  std::vector<std::pair<std::string_view, int32_t>> words(static_cast<size_t>(store.lngNumWords()));
+struct ArrivedWord {
+  std::string_view word;
+  int32_t frequency;
+  uint64_t hash;
+};
+
+// The store's words with their counts and hashes, indexed by id: the order of arrival.
+std::vector<ArrivedWord> WordsByArrival(const WordStore& store) {
+  std::vector<ArrivedWord> words(static_cast<size_t>(store.lngNumWords()));
   store.ForEachWord([&words](std::string_view word, int32_t frequency, int32_t id) {
-    words[static_cast<size_t>(id)] = {word, frequency};
+    words[static_cast<size_t>(id)] = {word, frequency, WordHashOf(word)};
   });
   return words;
 }
 
 }  // namespace
 
+// Most lookups in the run's store miss the cache when the pieces bring many new words: the slot
+// of a word some places ahead is fetched while the words before it are counted.
 void MergeCountedPiece(EngineContext& ctx, const CountedPiece& piece) {
+  constexpr size_t kSlotsAhead = 8;
   const EngineContext& counted = piece.counted->ctx;
   const auto words = WordsByArrival(counted.store);
   for (size_t id = 0; id < words.size(); ++id) {
+    if (id + kSlotsAhead < words.size()) ctx.store.PrefetchSlotOf(words[id + kSlotsAhead].hash);
     if (static_cast<int32_t>(id) == piece.utf8SwitchAt) SwitchUtf8On(ctx);
+    const ArrivedWord& arrived = words[id];
     bool isNew;
-    const int32_t mergedId = ctx.store.CountWord(words[id].first, isNew, words[id].second);
-    if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, words[id].second);
-    if (isNew) AnnounceNewWord(ctx, words[id].first);
+    const int32_t mergedId = ctx.store.CountWord(arrived.word, arrived.hash, isNew, arrived.frequency);
+    if (ctx.fileTally != nullptr) ctx.fileTally->Add(mergedId, arrived.frequency);
+    if (isNew) AnnounceNewWord(ctx, arrived.word);
   }
   if (piece.exit.IsUtf8()) SwitchUtf8On(ctx);
   ctx.run.lngTotalNumOccurrences += counted.run.lngTotalNumOccurrences;
