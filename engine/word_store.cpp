@@ -45,15 +45,22 @@ const std::array<std::string, 256>& SortKeyTable() {
   return table;
 }
 
+// Per byte: whether its key is the byte itself.
+std::array<bool, 256> MakeKeysAsItselfTable() {
+  const auto& keys = SortKeyTable();
+  std::array<bool, 256> table;
+  for (int b = 0; b < 256; ++b) table[b] = keys[b] == std::string(1, static_cast<char>(b));
+  return table;
+}
+
 // The sort key of word as a view: the word itself when every byte keys as itself (plain small
 // letters, the common case), else a key kept in keys.
 std::string_view SortKeyView(std::string_view word, TextArena& keys) {
-  const auto& table = SortKeyTable();
-  const bool keysAsItself = std::all_of(word.begin(), word.end(), [&table](char c) {
-    const std::string& key = table[static_cast<unsigned char>(c)];
-    return key.size() == 1 && key[0] == c;
+  static const std::array<bool, 256> keysAsItself = MakeKeysAsItselfTable();
+  const bool wordIsKey = std::all_of(word.begin(), word.end(), [](char c) {
+    return keysAsItself[static_cast<unsigned char>(c)];
   });
-  return keysAsItself ? word : keys.Keep(MakeSortKey(word));
+  return wordIsKey ? word : keys.Keep(MakeSortKey(word));
 }
 
 }  // namespace
