@@ -1,6 +1,5 @@
 #include "cli/console_host.h"
 
-#include <algorithm>
 #include <iostream>
 
 #include "engine/program_texts.h"
@@ -16,6 +15,14 @@ bool IsStatistic(Control c) {
          c == Control::StatTotalInstances || c == Control::StatFiles;
 }
 
+// Whether text holds a CR or a byte above 127. No branch per byte, so that the compiler tests many
+// bytes at once: each byte's top bit is gathered, with a CR counted as having it.
+bool HasCrOrHighByte(std::string_view text) {
+  unsigned char bits = 0;
+  for (char c : text) bits |= static_cast<unsigned char>(c) | (c == '\r' ? 0x80 : 0);
+  return (bits & 0x80) != 0;
+}
+
 }  // namespace
 
 std::string ToTerminalText(std::string_view text) {
@@ -26,7 +33,7 @@ std::string ToTerminalText(std::string_view text) {
 
 // Plain ASCII without a CR, as most listing lines are, stays as it is.
 void AppendTerminalText(std::string& out, std::string_view text) {
-  if (std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || (c & 0x80) != 0; })) {
+  if (!HasCrOrHighByte(text)) {
     out.append(text);
     return;
   }
