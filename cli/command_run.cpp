@@ -72,9 +72,12 @@ int RunCommandLine(const CommandLineOptions& options, CountingSettings& settings
   ctx.skipLineEndingChecks = true;
   ctx.threads = options.threads;
   ListingSpool listing;
-  ctx.onListingLine = [&listing](std::string_view line) {
-    listing.Append(ToTerminalText(line));
-    listing.Append("\n");
+  std::string terminalLine;  // reused: no allocation per line
+  ctx.onListingLine = [&listing, &terminalLine](std::string_view line) {
+    terminalLine.clear();
+    AppendTerminalText(terminalLine, line);
+    terminalLine += '\n';
+    listing.Append(terminalLine);
   };
   txbWordsToIgnore_LostFocus(settings, host);
 

@@ -15,16 +15,34 @@ bool IsStatistic(Control c) {
          c == Control::StatTotalInstances || c == Control::StatFiles;
 }
 
+// Whether text holds a CR or a byte above 127. No branch per byte, so that the compiler tests many
+// bytes at once: each byte's top bit is gathered, with a CR counted as having it.
+bool HasCrOrHighByte(std::string_view text) {
+  unsigned char bits = 0;
+  for (char c : text) bits |= static_cast<unsigned char>(c) | (c == '\r' ? 0x80 : 0);
+  return (bits & 0x80) != 0;
+}
+
 }  // namespace
 
 std::string ToTerminalText(std::string_view text) {
-  std::string lf;
-  lf.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    lf += text[i];
+  std::string terminalText;
+  AppendTerminalText(terminalText, text);
+  return terminalText;
+}
+
+// Plain ASCII without a CR, as most listing lines are, stays as it is.
+void AppendTerminalText(std::string& out, std::string_view text) {
+  if (!HasCrOrHighByte(text)) {
+    out.append(text);
+    return;
   }
-  return AnsiToUtf8(lf);
+  for (size_t start = 0;;) {
+    const size_t crLf = text.find(kCrLf, start);
+    AppendAnsiAsUtf8(out, text.substr(start, crLf - start));  // to the end when there is none
+    if (crLf == std::string_view::npos) return;
+    start = crLf + 1;  // the LF stays
+  }
 }
 
 void ConsoleHost::Print(std::string_view title, std::string_view text) const {

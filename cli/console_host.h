@@ -72,5 +72,7 @@ class ConsoleHost : public Host {
 
 // Windows-1252 text with CR LF line ends -> UTF-8 with LF line ends, for the terminal.
 std::string ToTerminalText(std::string_view text);
+// The same, appended to out.
+void AppendTerminalText(std::string& out, std::string_view text);
 
 }  // namespace wordtally

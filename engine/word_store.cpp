@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstring>
 
+#include "support/code_unit_sort.h"
+#include "support/freed_memory.h"
 #include "support/run_error.h"
 
 namespace wordtally {
@@ -43,15 +45,22 @@ const std::array<std::string, 256>& SortKeyTable() {
   return table;
 }
 
+// Per byte: whether its key is the byte itself.
+std::array<bool, 256> MakeKeysAsItselfTable() {
+  const auto& keys = SortKeyTable();
+  std::array<bool, 256> table;
+  for (int b = 0; b < 256; ++b) table[b] = keys[b] == std::string(1, static_cast<char>(b));
+  return table;
+}
+
 // The sort key of word as a view: the word itself when every byte keys as itself (plain small
 // letters, the common case), else a key kept in keys.
 std::string_view SortKeyView(std::string_view word, TextArena& keys) {
-  const auto& table = SortKeyTable();
-  const bool keysAsItself = std::all_of(word.begin(), word.end(), [&table](char c) {
-    const std::string& key = table[static_cast<unsigned char>(c)];
-    return key.size() == 1 && key[0] == c;
+  static const std::array<bool, 256> keysAsItself = MakeKeysAsItselfTable();
+  const bool wordIsKey = std::all_of(word.begin(), word.end(), [](char c) {
+    return keysAsItself[static_cast<unsigned char>(c)];
   });
-  return keysAsItself ? word : keys.Keep(MakeSortKey(word));
+  return wordIsKey ? word : keys.Keep(MakeSortKey(word));
 }
 
 }  // namespace
@@ -145,18 +154,56 @@ void WordStore::ResumeCounting() {
   }
 }
 
-// The records, from the entries, in ascending binary order of the words.
+// Keeps the texts again in the given order of ids and points the entries there, so that whoever
+// reads the words in that order reads consecutive memory. The entries are read far from the order
+// of arrival: each, and its text, is fetched ahead of its turn.
+void WordStore::KeepWordsInOrder(std::span<const uint32_t> order) const {
+  constexpr size_t kEntriesAhead = 16, kTextsAhead = 8;
+  const auto entryAt = [this, order](size_t k) -> Entry& {
+    return EntryIn(pages_, static_cast<int32_t>(order[k]));
+  };
+  TextArena wordsInOrder;
+  for (size_t k = 0; k < order.size(); ++k) {
+    if (k + kEntriesAhead < order.size()) __builtin_prefetch(&entryAt(k + kEntriesAhead));
+    if (k + kTextsAhead < order.size()) __builtin_prefetch(entryAt(k + kTextsAhead).text);
+    Entry& entry = entryAt(k);
+    entry.text = wordsInOrder.Keep({entry.text, entry.size}).data();
+  }
+  words_ = std::move(wordsInOrder);
+  // The old texts' blocks lie between the entries' pages, where nothing the listing allocates fits.
+  ReturnFreedMemory();
+}
+
+// The records in the given order of ids.
+void WordStore::FillRecords(std::span<const uint32_t> order) const {
+  constexpr size_t kEntriesAhead = 16;
+  records_.reserve(order.size() + 1);
+  for (size_t k = 0; k < order.size(); ++k) {
+    if (k + kEntriesAhead < order.size()) {
+      __builtin_prefetch(&EntryOf(static_cast<int32_t>(order[k + kEntriesAhead])));
+    }
+    const Entry& entry = EntryOf(static_cast<int32_t>(order[k]));
+    const std::string_view word(entry.text, entry.size);
+    records_.push_back({word, SortKeyView(word, sortKeys_), entry.frequency, 0, 0, true});
+  }
+}
+
+// The records, from the entries, in ascending binary order of the words. The texts are moved into
+// that order first, before the records take their room beside them.
 void WordStore::BuildRecords() const {
   records_.resize(1);
   records_.shrink_to_fit();
-  records_.reserve(static_cast<size_t>(numWords_) + 1);
   sortKeys_.Clear();
-  ForEachWord([this](std::string_view word, int32_t frequency, int32_t) {
-    records_.push_back({word, SortKeyView(word, sortKeys_), frequency, 0, 0, true});
-  });
-  std::sort(records_.begin() + 1, records_.end(), [](const WordListEntry& a, const WordListEntry& b) {
-    return LessCodeUnits(a.Word, b.Word);
-  });
+  {
+    const std::vector<uint32_t> order =
+        CodeUnitOrder(static_cast<uint32_t>(numWords_), [this](uint32_t id) {
+          const Entry& entry = EntryOf(static_cast<int32_t>(id));
+          return std::string_view(entry.text, entry.size);
+        });
+    KeepWordsInOrder(order);
+    FillRecords(order);
+  }
+  ReturnFreedMemory();  // the order's room, which may lie below the texts kept since
 }
 
 // The listing takes the records over: the index is given back first, so that it and the records

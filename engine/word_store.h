@@ -172,10 +172,13 @@ class WordStore {
   };
   // Entries sit in pages that never move, so that growing costs no copy of the entries.
   static constexpr int kPageBits = 16;
-  Entry& EntryOf(int32_t id) { return pages_[id >> kPageBits][id & ((1 << kPageBits) - 1)]; }
-  const Entry& EntryOf(int32_t id) const {
-    return pages_[id >> kPageBits][id & ((1 << kPageBits) - 1)];
+  using Pages = std::vector<std::unique_ptr<Entry[]>>;
+  // A writable entry also where the store is const (building the records moves the texts).
+  static Entry& EntryIn(Pages& pages, int32_t id) {
+    return pages[id >> kPageBits][id & ((1 << kPageBits) - 1)];
   }
+  Entry& EntryOf(int32_t id) { return EntryIn(pages_, id); }
+  const Entry& EntryOf(int32_t id) const { return EntryIn(pages_, id); }
 
   // A slot of the index: 32 bits of the word's mixed hash (which also give its home slot), and
   // below them the word's id + 1; 0 is an empty slot.
@@ -220,10 +223,14 @@ class WordStore {
   // Adds a new word, whose hash bits are wanted, in the empty slot at index; returns its id.
   int32_t AddWord(std::string_view word, uint64_t wanted, size_t index, int32_t occurrences);
   void ResumeCounting();
+  void KeepWordsInOrder(std::span<const uint32_t> order) const;
+  void FillRecords(std::span<const uint32_t> order) const;
   void BuildRecords() const;
 
-  TextArena words_;
-  std::vector<std::unique_ptr<Entry[]>> pages_;
+  // Building the records, also on a const store, keeps the texts again in the records' order
+  // and points the entries there: no word or count changes.
+  mutable TextArena words_;
+  mutable Pages pages_;
   std::vector<uint64_t> slots_;
   int homeShift_ = 0;
   mutable TextArena sortKeys_;

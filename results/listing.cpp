@@ -26,8 +26,8 @@ class ListingSession {
  public:
   ListingSession(std::span<const WordListEntry> WordList, const ListingLayout& layout, Host& host,
                  const ListingOptions& options, OutputFileWriter& file, const AnsiString& path)
-      : WordList_(WordList), layout_(layout), host_(host), options_(options), file_(file),
-        path_(path) {}
+      : WordList_(WordList), layout_(layout), lines_(layout), host_(host), options_(options),
+        file_(file), path_(path) {}
 
   void ListHeader() { DisplayNextLine(0); }
   // Lists one word, gives the event loop a turn; false when the user asked to stop.
@@ -44,12 +44,12 @@ class ListingSession {
 
   std::span<const WordListEntry> WordList_;
   const ListingLayout& layout_;
+  ListingLineMaker lines_;
   Host& host_;
   const ListingOptions& options_;
   OutputFileWriter& file_;
   const AnsiString& path_;
 
-  AnsiString line_;
   AnsiString buffer_;
   AnsiString wordsLine_;  // format 9's one line of words, for the callback
   int32_t lngLinesListed_ = 0;
@@ -67,17 +67,17 @@ bool ListingSession::ListWord(int32_t index) {
 }
 
 void ListingSession::DisplayNextLine(int32_t index) {
-  BuildListingLine(layout_, WordList_, index, line_);
+  const std::string_view line = lines_.Line(WordList_, index);
   if (index == 0 || !AllWordsOnOneLine()) {
-    AddToTextbox(line_, kCrLf);
-    WriteToFile(line_, kCrLf);
-    if (options_.onLine) options_.onLine(line_);
+    AddToTextbox(line, kCrLf);
+    WriteToFile(line, kCrLf);
+    if (options_.onLine) options_.onLine(line);
     return;
   }
   const std::string_view separator = lngLinesListed_ == 0 ? std::string_view() : kWordSeparator;
-  AddToTextbox(separator, line_);
-  WriteToFile(separator, line_);
-  if (options_.onLine) wordsLine_.append(separator).append(line_);
+  AddToTextbox(separator, line);
+  WriteToFile(separator, line);
+  if (options_.onLine) wordsLine_.append(separator).append(line);
 }
 
 void ListingSession::AddToTextbox(std::string_view text, std::string_view ending) {

@@ -9,13 +9,12 @@ bool WriteListingFile(const AnsiString& path, std::span<const WordListEntry> Wor
   OutputFileWriter file;
   if (!file.Open(path)) return false;
   file.Write(OutputFileNote(layout.blnCommaMode));
-  AnsiString line;
-  BuildListingLine(layout, WordList, 0, line);
-  file.WriteLine(line);
+  ListingLineMaker lines(layout);
+  file.WriteLine(lines.Line(WordList, 0));
   // Format 9 lists the words one after another on one line, as the listing does.
   const bool oneLine = layout.cboDisplayFormat == kWordWithCommas;
   for (size_t n = 0; n < indexes.size(); ++n) {
-    BuildListingLine(layout, WordList, indexes[n], line);
+    const std::string_view line = lines.Line(WordList, indexes[n]);
     if (oneLine) {
       if (n > 0) file.Write(", ");
       file.Write(line);

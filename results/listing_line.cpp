@@ -50,21 +50,31 @@ int16_t DecimalDigits(int32_t n) {
   return static_cast<int16_t>(std::to_chars(digits, digits + sizeof digits, n).ptr - digits);
 }
 
-void AppendRightAligned(std::string_view field, int16_t width, AnsiString& text) {
-  if (static_cast<size_t>(width) > field.size()) text.append(width - field.size(), ' ');
-  text.append(field);
-}
+// Writes a line into room made large enough for it beforehand.
+class LineWriter {
+ public:
+  explicit LineWriter(char* start) : start_(start), end_(start) {}
 
-void AppendRightAligned(int32_t number, int16_t width, AnsiString& text) {
-  char digits[12];
-  const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-  AppendRightAligned(std::string_view(digits, static_cast<size_t>(end - digits)), width, text);
-}
+  void Text(std::string_view text) { end_ = std::copy(text.begin(), text.end(), end_); }
+  void Blanks(size_t count) { end_ = std::fill_n(end_, count, ' '); }
+  void RightAligned(std::string_view field, int16_t width) {
+    if (static_cast<size_t>(width) > field.size()) Blanks(width - field.size());
+    Text(field);
+  }
+  void RightAligned(int32_t number, int16_t width) {
+    char digits[12];
+    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    RightAligned(std::string_view(digits, static_cast<size_t>(end - digits)), width);
+  }
+  void TrimTrailingBlanks() {
+    while (end_ != start_ && end_[-1] == ' ') --end_;
+  }
+  std::string_view Written() const { return {start_, static_cast<size_t>(end_ - start_)}; }
 
-void TrimTrailingBlanks(AnsiString& text) {
-  const size_t last = text.find_last_not_of(' ');
-  text.erase(last == AnsiString::npos ? 0 : last + 1);
-}
+ private:
+  char* start_;
+  char* end_;
+};
 
 const FormatShape& ShapeOf(const ListingLayout& layout) {
   return kFormatShapes[std::clamp(layout.cboDisplayFormat, 0, kNumDisplayFormats - 1)];
@@ -74,13 +84,37 @@ bool WordIsLastField(const FormatShape& shape) {
   return shape.fields[shape.numFields - 1] == Field::Word;
 }
 
-void AppendField(Field field, const ListingLayout& layout, std::span<const WordListEntry> WordList,
-                 int32_t index, AnsiString& text) {
-  switch (field) {
-    case Field::Rank: RankText(layout, WordList, index, text); break;
-    case Field::Freq: FreqText(layout, WordList, index, text); break;
-    case Field::Word: WordText(layout, WordList, index, text); break;
+void RankText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
+              LineWriter& line) {
+  if (index == 0) {
+    line.RightAligned(kRankHeading, layout.intRankWidth);
+  } else {
+    line.RightAligned(WordList[index].FreqOrder, layout.intRankWidth);
   }
+}
+
+void FreqText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
+              LineWriter& line) {
+  if (index == 0) {
+    line.RightAligned(kFreqHeading, layout.intFreqWidth);
+  } else {
+    line.RightAligned(WordList[index].Frequency, layout.intFreqWidth);
+  }
+}
+
+// The padding of a last field is trimmed again: it is left out.
+void WordText(const ListingLayout& layout, std::string_view word, LineWriter& line) {
+  line.Text(word);
+  if (WordIsLastField(ShapeOf(layout))) return;
+  if (layout.blnCommaMode) {
+    line.Text(kWordFieldEnd);
+  } else if (static_cast<size_t>(layout.intWordWidth) > word.size()) {
+    line.Blanks(layout.intWordWidth - word.size());
+  }
+}
+
+std::string_view WordAt(std::span<const WordListEntry> WordList, int32_t index) {
+  return index == 0 ? kWordHeading : TrimBlanks(WordList[index].Word);
 }
 
 }  // namespace
@@ -97,59 +131,43 @@ ListingLayout MakeListingLayout(const ListStatistics& stats, int16_t intMinWidth
   return layout;
 }
 
-void RankText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text) {
-  if (index == 0) {
-    AppendRightAligned(kRankHeading, layout.intRankWidth, text);
-  } else {
-    AppendRightAligned(WordList[index].FreqOrder, layout.intRankWidth, text);
-  }
+// Enough for the widest fields, the separators and the header's ending, whatever the numbers.
+char* ListingLineMaker::RoomFor(size_t wordSize) {
+  constexpr size_t kNumbersAndSeparators = 64;
+  const size_t room = static_cast<size_t>(layout_.intRankWidth) + layout_.intFreqWidth +
+                      std::max<size_t>(layout_.intWordWidth, wordSize) + kNumbersAndSeparators;
+  if (buffer_.size() < room) buffer_.resize(room);
+  return buffer_.data();
 }
 
-void FreqText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text) {
-  if (index == 0) {
-    AppendRightAligned(kFreqHeading, layout.intFreqWidth, text);
-  } else {
-    AppendRightAligned(WordList[index].Frequency, layout.intFreqWidth, text);
-  }
-}
-
-void WordText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text) {
-  const std::string_view word = index == 0 ? kWordHeading : TrimBlanks(WordList[index].Word);
-  text.append(word);
-  if (layout.blnCommaMode && !WordIsLastField(ShapeOf(layout))) {
-    text.append(kWordFieldEnd);
-  } else if (static_cast<size_t>(layout.intWordWidth) > word.size()) {
-    text.append(layout.intWordWidth - word.size(), ' ');
-  }
-}
-
-void BuildListingLine(const ListingLayout& layout, std::span<const WordListEntry> WordList,
-                      int32_t index, AnsiString& line) {
-  const FormatShape& shape = ShapeOf(layout);
-  line.clear();
-  const bool singleField = shape.numFields == 1;
-  line.append(layout.blnCommaMode && !singleField ? kCommaLead : shape.plainLead);
+std::string_view ListingLineMaker::Line(std::span<const WordListEntry> WordList, int32_t index) {
+  const FormatShape& shape = ShapeOf(layout_);
+  const std::string_view word = WordAt(WordList, index);
+  LineWriter line(RoomFor(word.size()));
+  line.Text(layout_.blnCommaMode && shape.numFields > 1 ? kCommaLead : shape.plainLead);
   for (int f = 0; f < shape.numFields; ++f) {
     if (f > 0) {
       const Field previous = shape.fields[f - 1];
-      if (!layout.blnCommaMode) {
-        line.append(shape.plainSeparators[f - 1]);
+      if (!layout_.blnCommaMode) {
+        line.Text(shape.plainSeparators[f - 1]);
       } else if (previous != Field::Word) {
-        line.append(kCommaSeparator);
+        line.Text(kCommaSeparator);
       }
     }
-    AppendField(shape.fields[f], layout, WordList, index, line);
+    switch (shape.fields[f]) {
+      case Field::Rank: RankText(layout_, WordList, index, line); break;
+      case Field::Freq: FreqText(layout_, WordList, index, line); break;
+      case Field::Word: WordText(layout_, word, line); break;
+    }
   }
-  if (!WordIsLastField(shape)) return;
-  TrimTrailingBlanks(line);
+  if (!WordIsLastField(shape)) return line.Written();
+  line.TrimTrailingBlanks();
   if (index == 0) {
-    line.append(kLongestPrefix);
-    line.append(NumberText(layout.intMaxWordLengthFound));
-    line.append(kLongestSuffix);
+    line.Text(kLongestPrefix);
+    line.Text(NumberText(layout_.intMaxWordLengthFound));
+    line.Text(kLongestSuffix);
   }
+  return line.Written();
 }
 
 }  // namespace wordtally

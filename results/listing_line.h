@@ -3,6 +3,8 @@
 // columns) or in comma mode (",  " between them, for a spreadsheet), and the header line.
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 
 #include "engine/word_store.h"
 #include "results/list_statistics.h"
@@ -40,20 +42,25 @@ struct ListingLayout {
 ListingLayout MakeListingLayout(const ListStatistics& stats, int16_t intMinWidth,
                                 int cboDisplayFormat, bool blnCommaMode);
 
-// The three fields of the word at index (index 0: the headings "Rank", "Freq", "Word"), each
-// appended to text. Rank and frequency are right-aligned to their widths. The word is
-// left-aligned to its width, or, in comma mode for the formats where it is not the last field
-// (1, 6 and 7), followed by ", " instead.
-void RankText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text);
-void FreqText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text);
-void WordText(const ListingLayout& layout, std::span<const WordListEntry> WordList, int32_t index,
-              AnsiString& text);
+// Makes the lines of one listing in a buffer of its own, so that a line costs neither a new string
+// nor the growth of one. Each field is appended to the line: rank and frequency right-aligned to
+// their widths; the word left-aligned to its width, or, in comma mode for the formats where it is
+// not the last field (1, 6 and 7), followed by ", " instead.
+class ListingLineMaker {
+ public:
+  explicit ListingLineMaker(const ListingLayout& layout) : layout_(layout) {}
 
-// Replaces line by the line of the word at index, or by the header line for index 0 (which, for
-// the formats ending in the word, ends in " (longest has N characters)"). No line break.
-void BuildListingLine(const ListingLayout& layout, std::span<const WordListEntry> WordList,
-                      int32_t index, AnsiString& line);
+  // The line of the word at index, or the header line for index 0 (with the headings "Rank",
+  // "Freq" and "Word"; for the formats ending in the word, followed by " (longest has N
+  // characters)"). No line break. Valid until the next call.
+  std::string_view Line(std::span<const WordListEntry> WordList, int32_t index);
+
+ private:
+  // The start of room for a line with a word of wordSize characters.
+  char* RoomFor(size_t wordSize);
+
+  ListingLayout layout_;
+  std::string buffer_;
+};
 
 }  // namespace wordtally

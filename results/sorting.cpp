@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -42,6 +43,41 @@ void Partition(std::span<WordListEntry> WordList, int32_t lo, int32_t hi, int32_
       --j;
     }
   }
+}
+
+// The included words of one frequency, chained through NextByFreq in store order.
+struct FrequencyGroup {
+  int32_t frequency;
+  int32_t first;
+  int32_t last;
+};
+
+// Clears every rank and link, then chains the words that receive a rank (included, frequency 1 or
+// more) in one group per frequency; the groups come back by falling frequency. Falling frequency,
+// then store order, is the order of the ranks. Neighbours in the store often share a frequency,
+// so the last group is tried before the map.
+std::vector<FrequencyGroup> ChainByFrequency(std::span<WordListEntry> WordList) {
+  std::vector<FrequencyGroup> groups;
+  std::unordered_map<int32_t, size_t> groupOf;
+  size_t group = 0;
+  const int32_t lngNumWords = NumWords(WordList);
+  for (int32_t i = 1; i <= lngNumWords; ++i) {
+    WordListEntry& entry = WordList[i];
+    entry.FreqOrder = 0;
+    entry.NextByFreq = 0;
+    if (!entry.Included || entry.Frequency < 1) continue;
+    if (groups.empty() || groups[group].frequency != entry.Frequency) {
+      const auto [found, added] = groupOf.try_emplace(entry.Frequency, groups.size());
+      if (added) groups.push_back({entry.Frequency, i, 0});
+      group = found->second;
+    }
+    if (groups[group].last != 0) WordList[groups[group].last].NextByFreq = i;
+    groups[group].last = i;
+  }
+  std::sort(groups.begin(), groups.end(), [](const FrequencyGroup& a, const FrequencyGroup& b) {
+    return a.frequency > b.frequency;
+  });
+  return groups;
 }
 
 }  // namespace
@@ -108,38 +144,17 @@ void CountIncludedWords(std::span<const WordListEntry> WordList, ListStatistics&
 }
 
 void BuildFrequencyOrder(std::span<WordListEntry> WordList, ListStatistics& stats, Host& host) {
-  const int32_t lngNumWords = NumWords(WordList);
-  for (int32_t i = 1; i <= lngNumWords; ++i) {
-    WordList[i].FreqOrder = 0;
-    WordList[i].NextByFreq = 0;
-  }
   stats.lngFirstFreq = 0;
-
-  // Falling frequency first, then store order: one 64-bit key per word, sorted once, gives the
-  // same numbering as scanning the store once per frequency value. Frequencies below 1 never
-  // receive a rank, as no frequency value below 1 is scanned.
-  std::vector<uint64_t> order;
-  order.reserve(static_cast<size_t>(stats.lngNumWordsIncluded));
-  for (int32_t i = 1; i <= lngNumWords; ++i) {
-    const WordListEntry& entry = WordList[i];
-    if (!entry.Included || entry.Frequency < 1) continue;
-    const auto fallingFrequency = static_cast<uint32_t>(INT32_MAX - entry.Frequency);
-    order.push_back(uint64_t{fallingFrequency} << 32 | static_cast<uint32_t>(i));
-  }
-  std::sort(order.begin(), order.end());
+  const std::vector<FrequencyGroup> groups = ChainByFrequency(WordList);
   host.ProcessEvents();
-  if (order.empty()) return;
-
-  const auto indexAt = [&order](size_t position) {
-    return static_cast<int32_t>(order[position] & 0xFFFFFFFFu);
-  };
-  stats.lngFirstFreq = indexAt(0);
-  WordList[stats.lngFirstFreq].FreqOrder = 1;
-  for (size_t position = 1; position < order.size(); ++position) {
-    const int32_t rank = static_cast<int32_t>(position + 1);
-    const int32_t index = indexAt(position);
-    WordList[index].FreqOrder = rank;
-    WordList[indexAt(position - 1)].NextByFreq = index;
+  if (groups.empty()) return;
+  for (size_t g = 0; g + 1 < groups.size(); ++g) {
+    WordList[groups[g].last].NextByFreq = groups[g + 1].first;
+  }
+  stats.lngFirstFreq = groups.front().first;
+  int32_t rank = 0;
+  for (int32_t index = stats.lngFirstFreq; index != 0; index = WordList[index].NextByFreq) {
+    WordList[index].FreqOrder = ++rank;
     if (rank % kProgressMarkStride == 0) {
       host.AppendOutput(kProgressMark);
       host.ProcessEvents();

@@ -32,8 +32,8 @@ void CountIncludedWords(std::span<const WordListEntry> WordList, ListStatistics&
 
 // Numbers the included words 1, 2, 3 ... by falling frequency, equal frequencies in store order,
 // into FreqOrder (the rank), chains them through NextByFreq from stats.lngFirstFreq, and appends
-// " ." to the output textbox at every 1000th link, giving the event loop a turn there.
-// Needs stats.lngNumWordsIncluded and stats.lngMaxFrequency from CountIncludedWords.
+// " ." to the output textbox at every 1000th link, giving the event loop a turn there. O(n) but
+// for the sort of the distinct frequencies.
 void BuildFrequencyOrder(std::span<WordListEntry> WordList, ListStatistics& stats, Host& host);
 
 }  // namespace wordtally

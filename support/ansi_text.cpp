@@ -21,6 +21,18 @@ constexpr std::array<char16_t, 256> MakeUnicodeTable() {
 }
 constexpr std::array<char16_t, 256> kUnicode = MakeUnicodeTable();
 
+// A byte's rank is the number of bytes whose code units are smaller (no two are equal).
+constexpr std::array<unsigned char, 256> MakeCodeUnitRanks() {
+  std::array<unsigned char, 256> ranks{};
+  for (int b = 0; b < 256; ++b) {
+    int smaller = 0;
+    for (char16_t unit : kUnicode) smaller += unit < kUnicode[b] ? 1 : 0;
+    ranks[b] = static_cast<unsigned char>(smaller);
+  }
+  return ranks;
+}
+constexpr std::array<unsigned char, 256> kCodeUnitRanks = MakeCodeUnitRanks();
+
 constexpr const detail::CaseTables& kCase = detail::kAnsiCase;
 
 void AppendUtf8(std::string& out, char32_t cp) {
@@ -54,6 +66,8 @@ char32_t NextCodePoint(std::string_view text, size_t& i) {
 
 char16_t AnsiToUnicode(unsigned char byte) { return kUnicode[byte]; }
 
+unsigned char CodeUnitRank(unsigned char byte) { return kCodeUnitRanks[byte]; }
+
 char CodePointToAnsi(char32_t cp) {
   if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
   for (int i = 0; i < 32; ++i) {
@@ -71,9 +85,13 @@ std::u16string AnsiToUtf16(std::string_view text) {
 
 std::string AnsiToUtf8(std::string_view text) {
   std::string out;
-  out.reserve(text.size());
-  for (char c : text) AppendUtf8(out, kUnicode[static_cast<unsigned char>(c)]);
+  AppendAnsiAsUtf8(out, text);
   return out;
+}
+
+void AppendAnsiAsUtf8(std::string& out, std::string_view text) {
+  out.reserve(out.size() + text.size());
+  for (char c : text) AppendUtf8(out, kUnicode[static_cast<unsigned char>(c)]);
 }
 
 AnsiString Utf16ToAnsi(std::u16string_view text) {

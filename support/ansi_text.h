@@ -17,6 +17,7 @@ char16_t AnsiToUnicode(unsigned char byte);
 char CodePointToAnsi(char32_t codePoint);
 std::u16string AnsiToUtf16(std::string_view text);
 std::string AnsiToUtf8(std::string_view text);
+void AppendAnsiAsUtf8(std::string& out, std::string_view text);
 // A character outside the code page becomes '?'.
 AnsiString Utf16ToAnsi(std::u16string_view text);
 // Decodes well-formed UTF-8; a malformed byte or a character outside the code page becomes '?'.
@@ -77,5 +78,8 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 // U+00E9, although its byte is smaller). Returns <0, 0 or >0.
 int CompareCodeUnits(std::string_view a, std::string_view b);
 inline bool LessCodeUnits(std::string_view a, std::string_view b) { return CompareCodeUnits(a, b) < 0; }
+// The place of a byte's character in that order, 0 to 255: texts compare as CompareCodeUnits
+// compares them when each byte is replaced by its rank and the ranks compared as unsigned bytes.
+unsigned char CodeUnitRank(unsigned char byte);
 
 }  // namespace wordtally

@@ -223,6 +223,15 @@ TEST(WordStore, GrowsInStepsOf500AndCountsUpToTheLargestCount) {
   // The 1001st word is kabmm: 1000 = 1 * 676 + 12 * 26 + 12.
   EXPECT_THAT(Stored(store), testing::AllOf(testing::StartsWith("kaaaa:5 kaaab kaaac "),
                                             testing::EndsWith(" kabml kabmm")));
+  // Counting goes on after the records were read, and after they were handed out: the words
+  // counted before are found again, a new one takes its place.
+  store.Count(NumberedWord(5));
+  store.WordList();
+  store.Count(NumberedWord(5));
+  store.Count("zz");
+  EXPECT_THAT(Stored(store), testing::AllOf(testing::StartsWith("kaaaa:5 kaaab kaaac kaaad "
+                                                                "kaaae kaaaf:3 kaaag "),
+                                            testing::EndsWith(" kabml kabmm zz")));
   store.Reset();
   store.Count("word");
   store.WordList()[1].Frequency = INT32_MAX - 1;  // counting goes on from the records as changed

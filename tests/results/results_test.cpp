@@ -205,22 +205,19 @@ TEST_F(ResultsTest, ListingLinesInEveryFormatWithBlanksOrCommasAndWidestValues) 
   for (int format = 0; format < kNumDisplayFormats; ++format) {
     for (const int commas : {0, 1}) {
       const ListingLayout layout = MakeListingLayout(stats, 6, format, commas == 1);
+      ListingLineMaker lines(layout);
       for (const int index : {0, 1}) {
-        AnsiString line = "left over";
-        BuildListingLine(layout, store, index, line);
-        EXPECT_EQ(line, expected[format][commas * 2 + index]) << format << commas << index;
+        EXPECT_EQ(lines.Line(store, index), expected[format][commas * 2 + index])
+            << format << commas << index;
       }
     }
   }
 
-  // The fields append to the text; a layout is plain unless made otherwise, so the word of
-  // format 1 is padded rather than followed by ", ".
-  const ListingLayout plain{.cboDisplayFormat = kRankWordFrequency};
-  AnsiString text = "x";
-  RankText(plain, store, 2, text);
-  FreqText(plain, store, 0, text);
-  WordText(plain, store, 3, text);
-  EXPECT_EQ(text, "x     1  FreqZebra ");
+  // A layout is plain unless made otherwise, so the word of format 1 is padded rather than
+  // followed by ", "; a word wider than its column is not cut.
+  ListingLineMaker narrow(ListingLayout{.cboDisplayFormat = kRankWordFrequency, .intWordWidth = 3});
+  EXPECT_EQ(narrow.Line(store, 3), "      3  Zebra       3");
+  EXPECT_EQ(narrow.Line(store, 0), "   Rank  Word    Freq");
 
   // Words included, highest frequency, longest word and least width give the header.
   const struct { int32_t words, frequency; int16_t longest, least; int format; const char* header; }
@@ -231,9 +228,8 @@ TEST_F(ResultsTest, ListingLinesInEveryFormatWithBlanksOrCommasAndWidestValues) 
   for (const auto& c : cases) {
     const ListStatistics counts{.lngNumWordsIncluded = c.words, .lngMaxFrequency = c.frequency,
                                 .intMaxWordLengthFound = c.longest};
-    AnsiString header;
-    BuildListingLine(MakeListingLayout(counts, c.least, c.format, false), store, 0, header);
-    EXPECT_EQ(header, c.header);
+    EXPECT_EQ(ListingLineMaker(MakeListingLayout(counts, c.least, c.format, false)).Line(store, 0),
+              c.header);
   }
 }
 

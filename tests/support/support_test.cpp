@@ -2,8 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <numeric>
+#include <random>
 
 #include "support/ansi_text.h"
+#include "support/code_unit_sort.h"
 #include "support/file_utils.h"
 #include "support/number_format.h"
 
@@ -38,6 +41,43 @@ TEST(AnsiText, ConvertsCasesTrimsAndOrdersOverTheWholeCodePage) {
     EXPECT_TRUE(CompareCodeUnits(a, b) < 0 && CompareCodeUnits(b, a) > 0) << a << " " << b;
   }
   EXPECT_EQ(CompareCodeUnits("same", "same"), 0);
+}
+
+TEST(CodeUnitSort, OrdersTextsAsCompareCodeUnitsWithEqualTextsInTheirOrder) {
+  using namespace std::string_view_literals;
+  const struct { std::vector<std::string_view> texts; std::vector<uint32_t> order; } cases[] = {
+      {{}, {}},
+      {{"x"}, {0}},
+      {{"b", "a", "b"}, {1, 0, 2}},
+      {{"ba", "ab", "aa", "b"}, {2, 1, 3, 0}},
+      // Alike over their first eight bytes: the rest decides, a shorter text first.
+      {{"abcdefghZ", "abcdefgh", "abcdefghA", "abcdefgh", "abcdefgg"}, {4, 1, 3, 2, 0}},
+      // A zero byte is more than the end of a text; "" comes first.
+      {{"ab\0"sv, "ab", "a", ""}, {3, 2, 1, 0}},
+      // U+0160, U+00E9, U+20AC, U+00FF, U+007A, U+0178, U+0081, U+00A0.
+      {{"\x8A", "\xE9", "\x80", "\xFF", "z", "\x9F", "\x81", "\xA0"}, {4, 6, 7, 1, 3, 0, 5, 2}},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(CodeUnitOrder(static_cast<uint32_t>(c.texts.size()),
+                            [&c](uint32_t i) { return c.texts[i]; }),
+              c.order)
+        << testing::PrintToString(c.texts);
+  }
+  // Many texts of a few letters, ASCII and not, of up to eleven bytes: the order a comparison
+  // sort gives.
+  std::minstd_rand random(1);
+  std::vector<std::string> many(3000);
+  for (std::string& text : many) {
+    text.resize(random() % 12);
+    for (char& c : text) c = "aZ\x8A\xE9\x80"[random() % 5];
+  }
+  std::vector<uint32_t> expected(many.size());
+  std::iota(expected.begin(), expected.end(), 0u);
+  std::stable_sort(expected.begin(), expected.end(),
+                   [&many](uint32_t a, uint32_t b) { return LessCodeUnits(many[a], many[b]); });
+  EXPECT_EQ(CodeUnitOrder(static_cast<uint32_t>(many.size()),
+                          [&many](uint32_t i) { return std::string_view(many[i]); }),
+            expected);
 }
 
 TEST(NumberFormat, GroupsDigitsAndFormatsSizesAndTimes) {
