@@ -258,6 +258,7 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
   }
   for (int b = 0; b < 256; ++b) skipEnds_[b] = startChars_[b] || commentStartChars_[b];
   skipEnds_[' '] = false;
+  blankStartsComment_ = commentStartChars_[' '];
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
   byteKinds_ = MakeByteKinds();
   scratch_.reserve(2 * intMaxPermittedWordLength);
@@ -306,6 +307,11 @@ void LineWalker::WalkLine() {
       if (shortSize != 0) {
         at += shortSize;
         if (wordsReadCount_ == kWordsReadAhead && !CountWordsRead(options)) return;
+        // The character after a word is no word character: unless it is a blank that may begin
+        // a comment, the skip over punctuation and blanks can start there.
+        if (!blankStartsComment_) {
+          while (!skipEnds_[static_cast<unsigned char>(*at)]) ++at;
+        }
         continue;
       }
       if (!CountWordsRead(options)) return;
@@ -375,23 +381,22 @@ size_t LineWalker::ReadShortWord(const char* start) {
   if ((ends.first | ends.second) == 0) return 0;  // more than 16 letters
   const size_t size =
       ends.first != 0 ? FirstMarkedByte(ends.first) : 8 + FirstMarkedByte(ends.second);
-  // Not a letter first, a word going on with other word characters, or no blank after the word.
-  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
-      start + size > line_.data() + line_.size()) {
-    return 0;
-  }
-  if (size < 3) return size;  // too short to be counted
+  // Not a letter first, or a word going on with other word characters (the sentinel after the
+  // line is one).
+  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])]) return 0;
   // Every byte of the word is a letter: folding sets the lower-case bit of each.
   const uint64_t lowerCaseBits = foldCase_ ? kEveryByte * 0x20 : 0;
   const ChunkPair chunks = FirstBytes(
       {LoadChunk(start) | lowerCaseBits, LoadChunk(start + 8) | lowerCaseBits}, size);
   const uint64_t hash = ShortWordHash(chunks, size);
   ctx_.store.PrefetchSlot(hash);
-  ShortWord& read = wordsRead_[wordsReadCount_++];
+  ShortWord& read = wordsRead_[wordsReadCount_];
   StoreChunk(read.bytes, chunks.first);
   StoreChunk(read.bytes + 8, chunks.second);
   read.hash = hash;
   read.size = static_cast<uint32_t>(size);
+  // A word too short to be counted is written but not kept: no branch on the length.
+  wordsReadCount_ += size >= 3 ? 1 : 0;
   return size;
 }
 
