@@ -1,13 +1,11 @@
 #include "engine/piece_counting.h"
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <deque>
 #include <future>
 #include <limits>
 #include <memory>
-#include <thread>
 
 #include "engine/piece_merge.h"
 #include "engine/worker_pool.h"
@@ -17,11 +15,6 @@ namespace {
 
 // How long the main thread waits for a piece before it gives the event loop a turn.
 constexpr std::chrono::milliseconds kTurnInterval{20};
-
-int WorkerThreads(const EngineContext& ctx) {
-  if (ctx.threads > 0) return ctx.threads;
-  return static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-}
 
 void GiveTurn(EngineContext& ctx) {
   if (ctx.run.blnStartUpCompleted) ctx.host.ProcessEvents();
@@ -130,7 +123,7 @@ class PieceRun {
 
 bool CountFileInPieces(EngineContext& ctx, const LineCounting& lines, const std::string& path,
                        LineReader& reader, LinePreparer& preparer) {
-  const int threads = WorkerThreads(ctx);
+  const int threads = ThreadsToUse(ctx.threads);
   if (threads < 2 || reader.Size() <= ctx.pieceBytes) return false;
   PieceRun(ctx, lines, path, reader, preparer, threads).Run();
   return true;
