@@ -1,8 +1,8 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
-#include <utility>
 #include <cstring>
+#include <utility>
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
@@ -13,6 +13,7 @@
 #include "engine/word_store.h"
 #include "input/character_entities.h"
 #include "support/ansi_text.h"
+#include "support/byte_vector.h"
 #include "support/run_error.h"
 
 namespace wordtally {
@@ -203,21 +204,16 @@ size_t SkipCleanPrefix(std::string_view text) {
   return i;
 }
 
-// Sixteen bytes compared at once (the compiler's vector extension: SSE2, NEON or plain code).
-using ByteVector = unsigned char __attribute__((vector_size(16)));
-
 // True when the size bytes at text may hold a byte that CleanLine, RemoveHtmlComments or
 // ReplaceCharacterEntities act on (any below 14, the no-break space, "<", "&"). Reads whole
 // vectors: up to 15 bytes past the end, which must not hold such a byte.
 bool MayHoldBytesToPrepare(const char* text, size_t size) {
   ByteVector found{};
   for (size_t at = 0; at < size; at += sizeof(ByteVector)) {
-    ByteVector bytes;
-    std::memcpy(&bytes, text + at, sizeof bytes);
+    const ByteVector bytes = LoadBytes(text + at);
     found |= static_cast<ByteVector>((bytes < 14) | (bytes == 0xA0) | (bytes == '<') | (bytes == '&'));
   }
-  return LoadChunk(reinterpret_cast<const char*>(&found)) != 0 ||
-         LoadChunk(reinterpret_cast<const char*>(&found) + 8) != 0;
+  return AnySet(found);
 }
 
 }  // namespace
@@ -373,14 +369,10 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
 // counted together with the words read after it. Returns its length, or 0 when the word at start
 // is not such a word.
 size_t LineWalker::ReadShortWord(const char* start) {
-  ByteVector bytes;
-  std::memcpy(&bytes, start, sizeof bytes);
+  const ByteVector bytes = LoadBytes(start);
   const auto letters = static_cast<ByteVector>(static_cast<ByteVector>((bytes | 0x20) - 'a') < 26);
-  const ChunkPair ends{~LoadChunk(reinterpret_cast<const char*>(&letters)) & kHighBits,
-                       ~LoadChunk(reinterpret_cast<const char*>(&letters) + 8) & kHighBits};
-  if ((ends.first | ends.second) == 0) return 0;  // more than 16 letters
-  const size_t size =
-      ends.first != 0 ? FirstMarkedByte(ends.first) : 8 + FirstMarkedByte(ends.second);
+  const size_t size = FirstSet(~letters);
+  if (size == sizeof(ByteVector)) return 0;  // more than 16 letters
   // Not a letter first, or a word going on with other word characters (the sentinel after the
   // line is one).
   if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])]) return 0;
