@@ -260,19 +260,22 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
   scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
-void LineWalker::WalkLine() {
+void LineWalker::WalkLine(std::string_view line) {
   RunState& run = ctx_.run;
-  AnsiString& line = run.strLine;
   CopyLine(line);
   // Cleaning, HTML comments and character entities leave a line without the bytes they act on as
   // it is: most lines are only looked over, in their copy.
   if (MayHoldBytesToPrepare(text_.data(), line.size())) {
-    CleanLine(line, false);
+    AnsiString& cleaned = run.strLine;
+    cleaned.assign(line);
+    cleaned += ' ';
+    CleanLine(cleaned, false);
     if (!run.blnReadingWords) {
-      RemoveHtmlComments(line);
-      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+      RemoveHtmlComments(cleaned);
+      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(cleaned);
     }
-    CopyLine(line);
+    // The passes never take the trailing blank away.
+    CopyLine(std::string_view(cleaned).substr(0, cleaned.size() - 1));
   }
   run.blnCommentsPossible = markers_.count >= 1;
   const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
@@ -328,8 +331,9 @@ void LineWalker::WalkLine() {
 void LineWalker::CopyLine(std::string_view line) {
   if (text_.size() < line.size() + kLineSlack) text_.resize(line.size() + kLineSlack);
   std::memcpy(text_.data(), line.data(), line.size());
-  std::memset(text_.data() + line.size(), kSentinel, kSentinels);
-  line_ = std::string_view(text_.data(), line.size());
+  text_[line.size()] = ' ';
+  std::memset(text_.data() + line.size() + 1, kSentinel, kSentinels);
+  line_ = std::string_view(text_.data(), line.size() + 1);
 }
 
 bool LineWalker::StepOverComments() {
