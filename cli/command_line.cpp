@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include "corpus/corpus_files.h"
+#include "engine/worker_pool.h"
 #include "input/file_vetting.h"
 #include "settings/common_words_choice.h"
 #include "support/file_utils.h"
@@ -139,7 +140,10 @@ bool ApplyCommandLine(const CommandLineOptions& o, const std::string& programFol
   // As in the window once a text file is chosen, the UTF-8 box follows the file's detected
   // encoding, unless --utf8 or --ansi decides.
   const bool textFile = s.optInFile && LowerExtension(input) != "docx";
-  s.chkUTF8 = o.utf8 || (!o.ansi && textFile && IsDetectedAsUtf8(input, TextRulesOf(s))) ? 1 : 0;
+  s.chkUTF8 = o.utf8 || (!o.ansi && textFile &&
+                         IsDetectedAsUtf8(input, TextRulesOf(s), ThreadsToUse(o.threads)))
+                  ? 1
+                  : 0;
   s.chkDisableOutputToFile = 0;
   s.chkSuppressWords = 1;  // nothing watches the words as they are found
 

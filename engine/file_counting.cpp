@@ -11,6 +11,7 @@
 #include "engine/run_messages.h"
 #include "engine/progress.h"
 #include "engine/run_driver.h"
+#include "engine/worker_pool.h"
 #include "input/decoding.h"
 #include "input/docx_reader.h"
 #include "input/file_vetting.h"
@@ -83,7 +84,8 @@ bool ReadDocx(EngineContext& ctx, const std::string& inputFile, AnsiString& text
 bool VetTextFile(EngineContext& ctx, const std::string& inputFile, bool& isUtf8) {
   int16_t classCode = 0;
   return CheckInputFile(ctx.host, ctx.blnMacNoticeShown, inputFile, ctx.skipLineEndingChecks,
-                        isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings));
+                        isUtf8, classCode, !ctx.skipLineEndingChecks, TextRulesOf(ctx.settings),
+                        ThreadsToUse(ctx.threads));
 }
 
 // The one-thread line loop and its per-line service, as the pieces of a large file use them.

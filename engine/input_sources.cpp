@@ -76,7 +76,7 @@ bool ServeProgressAndStop(EngineContext& ctx, int64_t done, int64_t size) {
 void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
                 const LineProgress& onProgress) {
   LineWalker walker(ctx);
-  AnsiString& line = ctx.run.strLine;
+  std::string_view line;
   while (preparer.NextLine(reader, line)) {
     ctx.run.blnCharacterEntitiesPossible = preparer.Kind() != MarkupKind::None;
     if (preparer.IsUtf8() && ctx.settings.chkUTF8 != 1) {  // a charset in the HTML head
@@ -84,10 +84,7 @@ void CountLines(EngineContext& ctx, LineReader& reader, LinePreparer& preparer,
       ctx.host.SettingsChanged();
     }
     ctx.run.comment.lineGoesOn = reader.LineGoesOn();
-    if (!line.empty()) {
-      line += ' ';
-      walker.WalkLine();
-    }
+    if (!line.empty()) walker.WalkLine(line);
     if (onProgress) onProgress(reader.BytesConsumed());
     if (!ServeProgressAndStop(ctx, reader.BytesConsumed(), reader.Size())) return;
   }

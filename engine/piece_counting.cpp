@@ -1,12 +1,10 @@
 #include "engine/piece_counting.h"
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <deque>
 #include <future>
 #include <memory>
-#include <thread>
 
 #include "engine/piece_merge.h"
 #include "engine/worker_pool.h"
@@ -19,11 +17,6 @@ constexpr std::chrono::milliseconds kTurnInterval{20};
 // The opening of a file whose decisions (markup kind, the HTML head and its charset) predict
 // those of the rest: in nearly every file they are all taken there.
 constexpr int64_t kOpeningBytes = 64 << 10;
-
-int WorkerThreads(const EngineContext& ctx) {
-  if (ctx.threads > 0) return ctx.threads;
-  return static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-}
 
 void GiveTurn(EngineContext& ctx) {
   if (ctx.run.blnStartUpCompleted) ctx.host.ProcessEvents();
@@ -126,7 +119,7 @@ LinePreparer PredictedRest(const LinePreparer& preparer, const std::string& path
   LinePreparer predicted = preparer;
   if (predicted.Decisions().firstLinePending) {
     LineReader reader(kOpeningBytes);
-    AnsiString line;
+    std::string_view line;
     if (reader.OpenRange(path, 0, std::min(size, kOpeningBytes))) {
       while (predicted.NextLine(reader, line)) {
       }
@@ -137,7 +130,7 @@ LinePreparer PredictedRest(const LinePreparer& preparer, const std::string& path
 
 bool CountRangeInPieces(EngineContext& ctx, const LineCounting& lines, const FilePiece& range,
                         LineReader& reader, LinePreparer& preparer) {
-  const int threads = WorkerThreads(ctx);
+  const int threads = ThreadsToUse(ctx.threads);
   if (threads < 2 || range.end - range.begin <= ctx.pieceBytes) return false;
   PieceRun(ctx, lines, range, reader, preparer, threads).Run();
   return true;

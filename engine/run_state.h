@@ -23,8 +23,8 @@ struct ProgressBarStretch {
 
 struct RunState {
   // Word extraction.
-  AnsiString strLine;            // the current line, with its trailing blank
-  int32_t lngLP = 1;             // 1-based position in strLine
+  AnsiString strLine;            // the current line with its trailing blank, when it is cleaned
+  int32_t lngLP = 1;             // 1-based position in the line walked
   CommentState comment;          // comment.intWithinComment carries across lines
   int intNumCommentMarkers = 0;
   bool blnCommentsPossible = false;

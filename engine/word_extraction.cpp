@@ -1,8 +1,8 @@
 #include "engine/word_extraction.h"
 
 #include <algorithm>
-#include <utility>
 #include <cstring>
+#include <utility>
 
 #include "engine/counting_settings.h"
 #include "engine/engine_context.h"
@@ -13,6 +13,7 @@
 #include "engine/word_store.h"
 #include "input/character_entities.h"
 #include "support/ansi_text.h"
+#include "support/byte_vector.h"
 #include "support/run_error.h"
 
 namespace wordtally {
@@ -203,21 +204,16 @@ size_t SkipCleanPrefix(std::string_view text) {
   return i;
 }
 
-// Sixteen bytes compared at once (the compiler's vector extension: SSE2, NEON or plain code).
-using ByteVector = unsigned char __attribute__((vector_size(16)));
-
 // True when the size bytes at text may hold a byte that CleanLine, RemoveHtmlComments or
 // ReplaceCharacterEntities act on (any below 14, the no-break space, "<", "&"). Reads whole
 // vectors: up to 15 bytes past the end, which must not hold such a byte.
 bool MayHoldBytesToPrepare(const char* text, size_t size) {
   ByteVector found{};
   for (size_t at = 0; at < size; at += sizeof(ByteVector)) {
-    ByteVector bytes;
-    std::memcpy(&bytes, text + at, sizeof bytes);
+    const ByteVector bytes = LoadBytes(text + at);
     found |= static_cast<ByteVector>((bytes < 14) | (bytes == 0xA0) | (bytes == '<') | (bytes == '&'));
   }
-  return LoadChunk(reinterpret_cast<const char*>(&found)) != 0 ||
-         LoadChunk(reinterpret_cast<const char*>(&found) + 8) != 0;
+  return AnySet(found);
 }
 
 }  // namespace
@@ -258,24 +254,28 @@ LineWalker::LineWalker(EngineContext& ctx) : ctx_(ctx) {
   }
   for (int b = 0; b < 256; ++b) skipEnds_[b] = startChars_[b] || commentStartChars_[b];
   skipEnds_[' '] = false;
+  blankStartsComment_ = commentStartChars_[' '];
   foldCase_ = ctx.settings.chkCaseSignificant == 0;
   byteKinds_ = MakeByteKinds();
   scratch_.reserve(2 * intMaxPermittedWordLength);
 }
 
-void LineWalker::WalkLine() {
+void LineWalker::WalkLine(std::string_view line) {
   RunState& run = ctx_.run;
-  AnsiString& line = run.strLine;
   CopyLine(line);
   // Cleaning, HTML comments and character entities leave a line without the bytes they act on as
   // it is: most lines are only looked over, in their copy.
   if (MayHoldBytesToPrepare(text_.data(), line.size())) {
-    CleanLine(line, false);
+    AnsiString& cleaned = run.strLine;
+    cleaned.assign(line);
+    cleaned += ' ';
+    CleanLine(cleaned, false);
     if (!run.blnReadingWords) {
-      RemoveHtmlComments(line);
-      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(line);
+      RemoveHtmlComments(cleaned);
+      if (run.blnCharacterEntitiesPossible) ReplaceCharacterEntities(cleaned);
     }
-    CopyLine(line);
+    // The passes never take the trailing blank away.
+    CopyLine(std::string_view(cleaned).substr(0, cleaned.size() - 1));
   }
   run.blnCommentsPossible = markers_.count >= 1;
   const NormalizationOptions options = MakeNormalizationOptions(ctx_.settings, run);
@@ -306,6 +306,11 @@ void LineWalker::WalkLine() {
       if (shortSize != 0) {
         at += shortSize;
         if (wordsReadCount_ == kWordsReadAhead && !CountWordsRead(options)) return;
+        // The character after a word is no word character: unless it is a blank that may begin
+        // a comment, the skip over punctuation and blanks can start there.
+        if (!blankStartsComment_) {
+          while (!skipEnds_[static_cast<unsigned char>(*at)]) ++at;
+        }
         continue;
       }
       if (!CountWordsRead(options)) return;
@@ -326,8 +331,9 @@ void LineWalker::WalkLine() {
 void LineWalker::CopyLine(std::string_view line) {
   if (text_.size() < line.size() + kLineSlack) text_.resize(line.size() + kLineSlack);
   std::memcpy(text_.data(), line.data(), line.size());
-  std::memset(text_.data() + line.size(), kSentinel, kSentinels);
-  line_ = std::string_view(text_.data(), line.size());
+  text_[line.size()] = ' ';
+  std::memset(text_.data() + line.size() + 1, kSentinel, kSentinels);
+  line_ = std::string_view(text_.data(), line.size() + 1);
 }
 
 bool LineWalker::StepOverComments() {
@@ -367,31 +373,26 @@ void LineWalker::TakeWord(const NormalizationOptions& options) {
 // counted together with the words read after it. Returns its length, or 0 when the word at start
 // is not such a word.
 size_t LineWalker::ReadShortWord(const char* start) {
-  ByteVector bytes;
-  std::memcpy(&bytes, start, sizeof bytes);
+  const ByteVector bytes = LoadBytes(start);
   const auto letters = static_cast<ByteVector>(static_cast<ByteVector>((bytes | 0x20) - 'a') < 26);
-  const ChunkPair ends{~LoadChunk(reinterpret_cast<const char*>(&letters)) & kHighBits,
-                       ~LoadChunk(reinterpret_cast<const char*>(&letters) + 8) & kHighBits};
-  if ((ends.first | ends.second) == 0) return 0;  // more than 16 letters
-  const size_t size =
-      ends.first != 0 ? FirstMarkedByte(ends.first) : 8 + FirstMarkedByte(ends.second);
-  // Not a letter first, a word going on with other word characters, or no blank after the word.
-  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])] ||
-      start + size > line_.data() + line_.size()) {
-    return 0;
-  }
-  if (size < 3) return size;  // too short to be counted
+  const size_t size = FirstSet(~letters);
+  if (size == sizeof(ByteVector)) return 0;  // more than 16 letters
+  // Not a letter first, or a word going on with other word characters (the sentinel after the
+  // line is one).
+  if (size == 0 || wordChars_[static_cast<unsigned char>(start[size])]) return 0;
   // Every byte of the word is a letter: folding sets the lower-case bit of each.
   const uint64_t lowerCaseBits = foldCase_ ? kEveryByte * 0x20 : 0;
   const ChunkPair chunks = FirstBytes(
       {LoadChunk(start) | lowerCaseBits, LoadChunk(start + 8) | lowerCaseBits}, size);
   const uint64_t hash = ShortWordHash(chunks, size);
   ctx_.store.PrefetchSlot(hash);
-  ShortWord& read = wordsRead_[wordsReadCount_++];
+  ShortWord& read = wordsRead_[wordsReadCount_];
   StoreChunk(read.bytes, chunks.first);
   StoreChunk(read.bytes + 8, chunks.second);
   read.hash = hash;
   read.size = static_cast<uint32_t>(size);
+  // A word too short to be counted is written but not kept: no branch on the length.
+  wordsReadCount_ += size >= 3 ? 1 : 0;
   return size;
 }
 

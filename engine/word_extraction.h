@@ -55,8 +55,8 @@ void CleanLine(AnsiString& line, bool keepTabs);
 // Removes every "<!--" ... "-->" that begins and ends in the line.
 void RemoveHtmlComments(AnsiString& line);
 
-// Walks ctx.run.strLine (which ends in one blank) and hands every word found on: to the exclusion
-// step and the word store during a run, straight to the word store while common words are read.
+// Walks a line and hands every word found on: to the exclusion step and the word store during a
+// run, straight to the word store while common words are read.
 // Built once per run or load: the character tables and comment markers come from the settings
 // at construction (the "C" markers when ctx.run.blnReadingWords is already set), and the settings
 // stay as they are while it walks.
@@ -64,16 +64,18 @@ class LineWalker {
  public:
   explicit LineWalker(EngineContext& ctx);
 
-  // Returns at the end of the line, or at once when ctx.run.blnStop is set after a word.
-  void WalkLine();
+  // Walks line followed by one blank (cleaned first, in ctx.run.strLine, when it holds a byte the
+  // cleaning acts on). Returns at the end of the line, or at once when ctx.run.blnStop is set
+  // after a word.
+  void WalkLine(std::string_view line);
 
  private:
-  // The line is walked in a copy of its own, followed by a sentinel and spare bytes, so that the
+  // The line is walked in a copy of its own, with its blank, followed by sentinels, so that the
   // scans need no bounds test at each byte and may read a word's bytes 16 at a time.
   static constexpr size_t kLineSlack = 32;
-  // Word characters, which end the skip over blanks; as many as a read of 16 bytes may pass the
-  // line's end by.
-  static constexpr char kSentinel = 'a';
+  // "ÿ", a word character but no ASCII letter: it ends the skip over blanks and stops a short
+  // word's letters at the line's end. As many as a read of 16 bytes may pass the line's end by.
+  static constexpr char kSentinel = '\xFF';
   static constexpr size_t kSentinels = 16;
   void CopyLine(std::string_view line);
   // Steps over comments at lngLP; false when the rest of the line is comment.
@@ -100,6 +102,7 @@ class LineWalker {
   std::array<unsigned char, 256> byteKinds_{};  // what the accept tests learn of each byte
   CommentMarkerPairs markers_;
   bool foldCase_ = false;
+  bool blankStartsComment_ = false;  // a comment marker begins with a blank
   std::vector<char> text_;  // the line walked, with its sentinel and spare bytes
   std::string_view line_;   // the line walked within text_
   // A word read by ReadShortWord: its bytes, folded and cleared beyond its end, and its hash.

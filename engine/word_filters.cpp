@@ -99,14 +99,13 @@ bool WalkCommonWordsFile(EngineContext& ctx, const std::string& path) {
   CommonWordsLoadScope scope(ctx);
   LineWalker walker(ctx);
   std::string_view line;
+  AnsiString lowered;
   while (!ctx.run.blnStop && reader.NextLine(line)) {
-    AnsiString& strLine = ctx.run.strLine;
-    strLine.assign(line);
-    Utf8ToAnsiInPlace(strLine);
-    LowerAnsiInPlace(strLine);
-    strLine += ' ';
+    lowered.assign(line);
+    Utf8ToAnsiInPlace(lowered);
+    LowerAnsiInPlace(lowered);
     ctx.run.comment.lineGoesOn = reader.LineGoesOn();
-    walker.WalkLine();
+    walker.WalkLine(lowered);
   }
   if (reader.ErrorNumber() != 0) {
     ShowReadFailure(ctx.host, reader, path);

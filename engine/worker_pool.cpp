@@ -1,8 +1,14 @@
 #include "engine/worker_pool.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace wordtally {
+
+int ThreadsToUse(int requested) {
+  if (requested > 0) return requested;
+  return static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
+}
 
 WorkerPool::WorkerPool(int threads) {
   threads_.reserve(static_cast<size_t>(threads));

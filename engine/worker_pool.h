@@ -10,6 +10,9 @@
 
 namespace wordtally {
 
+// The threads a run works on when asked for requested: that many, or one per core for 0.
+int ThreadsToUse(int requested);
+
 class WorkerPool {
  public:
   explicit WorkerPool(int threads);

@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   LineReader reader(16, maxLineLength);
   reader.OpenText(AnsiString(input.Rest()));
   LinePreparer preparer(kFileNames[options & 3], fuzz::Bit(options, 2), fuzz::Bit(options, 3));
-  AnsiString line;
+  std::string_view line;
   while (preparer.NextLine(reader, line)) {
     // The whole-text decoder of clipboard and docx text on the same bytes.
     if (Utf8ToAnsiText(line).size() > line.size()) __builtin_trap();

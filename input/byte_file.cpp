@@ -15,6 +15,23 @@ int64_t NanosecondsOf(const timespec& time) {
   return static_cast<int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
+// Calls readSome(to, count, done) for the rest until size bytes are in or it meets the end (0):
+// the count read, or -1 (with errno) on an error.
+template <typename ReadSome>
+std::ptrdiff_t ReadFully(char* data, std::size_t size, ReadSome readSome) {
+  std::size_t done = 0;
+  while (done < size) {
+    const ssize_t got = readSome(data + done, size - done, done);
+    if (got == 0) break;
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      return -1;
+    }
+    done += static_cast<std::size_t>(got);
+  }
+  return static_cast<std::ptrdiff_t>(done);
+}
+
 }  // namespace
 
 int ByteFile::Open(const std::string& path) {
@@ -56,18 +73,17 @@ int ByteFile::Seek(int64_t offset) {
 }
 
 std::ptrdiff_t ByteFile::Read(char* data, std::size_t size) {
-  std::size_t total = 0;
-  while (total < size) {
-    ssize_t got = ::read(fd_, data + total, size - total);
-    if (got == 0) break;
-    if (got < 0) {
-      if (errno == EINTR) continue;
-      lastError_ = errno;
-      return -1;
-    }
-    total += static_cast<std::size_t>(got);
-  }
-  return static_cast<std::ptrdiff_t>(total);
+  const std::ptrdiff_t got = ReadFully(data, size, [this](char* to, std::size_t count, std::size_t) {
+    return ::read(fd_, to, count);
+  });
+  if (got < 0) lastError_ = errno;
+  return got;
+}
+
+std::ptrdiff_t ByteFile::ReadAt(char* data, std::size_t size, int64_t offset) const {
+  return ReadFully(data, size, [this, offset](char* to, std::size_t count, std::size_t done) {
+    return ::pread(fd_, to, count, static_cast<off_t>(offset) + static_cast<off_t>(done));
+  });
 }
 
 std::size_t BlockSizeFor(int64_t fileSize, std::size_t largest) {

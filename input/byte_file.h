@@ -41,6 +41,9 @@ class ByteFile {
   // Reads until size bytes are in or the file ends: the count read, or -1 on an error
   // (then LastError() holds its error number).
   std::ptrdiff_t Read(char* data, std::size_t size);
+  // The same from byte offset on, without moving the file's position: several threads may read
+  // one file at once this way. Returns the count read, or -1 on an error.
+  std::ptrdiff_t ReadAt(char* data, std::size_t size, int64_t offset) const;
   int LastError() const { return lastError_; }
 
  private:

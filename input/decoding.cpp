@@ -116,14 +116,12 @@ bool IsKnownPunctuation(std::string_view line, std::size_t at) {
 
 }  // namespace
 
-void TrimControlChars(AnsiString& line) {
+std::string_view TrimControlChars(std::string_view line) {
   std::size_t first = 0;
   std::size_t last = line.size();
   while (first < last && static_cast<unsigned char>(line[first]) <= 32) ++first;
   while (last > first && static_cast<unsigned char>(line[last - 1]) <= 32) --last;
-  if (first == 0 && last == line.size()) return;
-  line.erase(last);
-  line.erase(0, first);
+  return line.substr(first, last - first);
 }
 
 void Utf8ToAnsiInPlace(AnsiString& line) {

@@ -19,8 +19,8 @@ inline constexpr std::string_view kSeemsNotUtf8Question =
     "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\n"
     "or 'No' to scan it as ANSI.";
 
-// Removes every character of code 32 or less from both ends of line.
-void TrimControlChars(AnsiString& line);
+// line without the characters of code 32 or less at both of its ends.
+std::string_view TrimControlChars(std::string_view line);
 
 // Turns the two-byte UTF-8 forms of U+0080..U+00FF into their one-byte characters (C2 80..9F
 // vanish, C2 A0..BF and C3 80..BF become one character) and C4 8D into "c"; every other byte stays.

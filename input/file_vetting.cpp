@@ -4,11 +4,15 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <filesystem>
+#include <limits>
 #include <mutex>
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <thread>
+#include <vector>
 
 #include "input/byte_file.h"
 #include "input/text_search.h"
@@ -31,36 +35,75 @@ int16_t ProbeCodeOfOsError(int osError) {
   return (osError == EACCES || osError == EPERM) ? kProbePermissionDenied : kProbeOtherError;
 }
 
-// A charset declaration or the UTF-8 lead of the general punctuation block anywhere in the file;
-// nothing when reading failed. Neither holds a line break, so the file is searched in large blocks
-// rather than line by line; each block starts with the last bytes of the one before, so that no
-// hint is cut in two.
-std::optional<bool> SearchUtf8Hint(ByteFile& file) {
+// A charset declaration or the UTF-8 lead of the general punctuation block ending among the bytes
+// of the file from begin up to end (a negative end: up to the file's end); nothing when reading
+// failed. Neither holds a line break, so the bytes are searched in large blocks rather than line
+// by line; each block starts with the bytes before it, so that no hint is cut in two.
+std::optional<bool> SearchUtf8HintIn(const ByteFile& file, int64_t begin, int64_t end) {
   constexpr std::size_t kBlock = 1 << 20;
-  constexpr std::size_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
-  if (file.Seek(0) != 0) return std::nullopt;
-  std::string window(kOverlap + BlockSizeFor(file.Size(), kBlock), '\0');
+  constexpr int64_t kOverlap = 16;  // longer than the longest hint, charset="UTF-8"
+  int64_t at = std::max<int64_t>(0, begin - kOverlap);
+  const int64_t last = end < 0 ? std::numeric_limits<int64_t>::max() : end;
+  std::string window(kOverlap + BlockSizeFor(std::min(last, file.Size()) - at, kBlock), '\0');
   const std::size_t block = window.size() - kOverlap;
   std::size_t kept = 0;
-  for (;;) {
-    const std::ptrdiff_t got = file.Read(window.data() + kept, block);
+  while (at < last) {
+    const auto wanted = static_cast<std::size_t>(std::min<int64_t>(block, last - at));
+    const std::ptrdiff_t got = file.ReadAt(window.data() + kept, wanted, at);
     if (got < 0) return std::nullopt;
     if (got == 0) return false;
+    at += got;
     const std::string_view text(window.data(), kept + static_cast<std::size_t>(got));
     if (DeclaresUtf8Charset(text) || FindBytePair(text, '\xE2', '\x80') != std::string_view::npos) {
       return true;
     }
-    if (static_cast<std::size_t>(got) < block) return false;  // a short read is the end
-    kept = std::min(kOverlap, text.size());
+    if (static_cast<std::size_t>(got) < wanted) return false;  // a short read is the end
+    kept = std::min<std::size_t>(kOverlap, text.size());
     std::memmove(window.data(), text.data() + text.size() - kept, kept);
   }
+  return false;
+}
+
+// SearchUtf8HintIn over the whole file. A large file is cut into parts searched side by side on up
+// to threads threads; the verdict is the one a search from the start would give, which ends at
+// the first hint or read failure.
+std::optional<bool> SearchUtf8Hint(const ByteFile& file, int threads) {
+  constexpr int64_t kLeastPart = int64_t{4} << 20;  // a smaller part is not worth a thread
+  const auto parts = static_cast<int>(
+      std::clamp<int64_t>(file.Size() / kLeastPart, 1, std::max(threads, 1)));
+  const int64_t share = file.Size() / parts;
+  std::vector<std::optional<bool>> found(static_cast<std::size_t>(parts));
+  std::vector<std::exception_ptr> failed(found.size());
+  const auto search = [&](int part) {
+    try {
+      found[part] = SearchUtf8HintIn(file, part * share, part + 1 == parts ? -1 : (part + 1) * share);
+    } catch (...) {
+      failed[part] = std::current_exception();
+    }
+  };
+  {
+    std::vector<std::jthread> helpers;
+    for (int part = 1; part < parts; ++part) {
+      try {
+        helpers.emplace_back(search, part);
+      } catch (const std::system_error&) {
+        search(part);  // no thread to be had: searched here
+      }
+    }
+    search(0);
+  }
+  for (std::size_t part = 0; part < found.size(); ++part) {
+    if (failed[part]) std::rethrow_exception(failed[part]);
+    if (!found[part] || *found[part]) return found[part];
+  }
+  return false;
 }
 
 // SearchUtf8Hint, with a read failure counted as no hint. The search reads the whole file, and a
 // file is often vetted twice in a row (the command line sets the UTF-8 box from it before the run
 // vets it, the window when the file is chosen and when it is counted): the last verdict is kept
 // with the identity of the file state it was made for, which any write to the file changes.
-bool HasUtf8Hint(ByteFile& file) {
+bool HasUtf8Hint(const ByteFile& file, int threads) {
   static std::mutex mutex;
   static FileIdentity searched;
   static bool verdict = false;
@@ -69,7 +112,7 @@ bool HasUtf8Hint(ByteFile& file) {
     const std::lock_guard lock(mutex);
     if (identity == searched) return verdict;
   }
-  const std::optional<bool> found = SearchUtf8Hint(file);
+  const std::optional<bool> found = SearchUtf8Hint(file, threads);
   if (found && identity != FileIdentity{}) {
     const std::lock_guard lock(mutex);
     searched = identity;
@@ -252,7 +295,7 @@ int16_t ClassifySample(std::string_view sample, int32_t maxBytes, unsigned char&
 // DetectFileEncoding on file, which it opens and leaves open for ClassifyTextFile's sample: the
 // file is opened once for all its checks.
 int16_t OpenAndDetect(ByteFile& file, const std::string& fileName, bool checkCharsetHints,
-                      TextRules rules) {
+                      TextRules rules, int searchThreads) {
   if (fileName.empty()) return kProbeEmptyName;
   if (!FileExists(fileName)) return kProbeNotFound;
   std::array<unsigned char, 5> b{};
@@ -266,7 +309,7 @@ int16_t OpenAndDetect(ByteFile& file, const std::string& fileName, bool checkCha
   int16_t code = ProbeByteOrderMark(b.data());
   if (code == kProbeUndecided && LowerExtension(fileName) == "xml") code = ProbeXmlStart(b.data());
   if (code == kProbeUndecided && checkCharsetHints && HasTextExtension(fileName) &&
-      HasUtf8Hint(file)) {
+      HasUtf8Hint(file, searchThreads)) {
     code = kProbeUtf8;
   }
   if (code == kProbeUndecided && rules == TextRules::Modern && IsMultiByteUtf8File(file)) {
@@ -296,17 +339,17 @@ bool HasTextExtension(const std::string& fileName) {
 
 int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints, TextRules rules) {
   ByteFile file;
-  return OpenAndDetect(file, fileName, checkCharsetHints, rules);
+  return OpenAndDetect(file, fileName, checkCharsetHints, rules, 1);
 }
 
 int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
                          unsigned char& firstControlChar, int32_t& firstControlPos,
                          double tolerancePercent, double& controlPercent, bool& isUtf8,
-                         bool checkCharsetHints, TextRules rules) {
+                         bool checkCharsetHints, TextRules rules, int searchThreads) {
   firstControlChar = ' ';
   firstControlPos = 0;
   ByteFile file;
-  int16_t probe = OpenAndDetect(file, fileName, checkCharsetHints, rules);
+  int16_t probe = OpenAndDetect(file, fileName, checkCharsetHints, rules, searchThreads);
   if (probe < 0 || probe == kProbeRtf) return probe;
   if (probe == kProbeUtf8 && rules == TextRules::Classic) {
     isUtf8 = true;
@@ -329,13 +372,13 @@ int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
 
 bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& fileName,
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
-                    bool askBeforeSlowFile, TextRules rules) {
+                    bool askBeforeSlowFile, TextRules rules, int searchThreads) {
   host.SetCaption(Control::Status, "");
   unsigned char firstControlChar = ' ';
   int32_t firstControlPos = 0;
   double controlPercent = 0;
   classCode = ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0,
-                               controlPercent, isUtf8, true, rules);
+                               controlPercent, isUtf8, true, rules, searchThreads);
   if (classCode == kProbeEmptyName) return false;
   if (classCode < 0 || classCode == kProbeRtf || classCode == kClassOtherUnicode) {
     ShowProbeFailure(host, fileName, classCode);
@@ -357,13 +400,13 @@ bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& file
   return CheckUnixFile(host, fileName, FileSize(fileName), classCode, askBeforeSlowFile);
 }
 
-bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules) {
+bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules, int searchThreads) {
   unsigned char firstControlChar = ' ';
   int32_t firstControlPos = 0;
   double controlPercent = 0;
   bool isUtf8 = false;
   ClassifyTextFile(fileName, kSampleBytes, firstControlChar, firstControlPos, 0, controlPercent,
-                   isUtf8, true, rules);
+                   isUtf8, true, rules, searchThreads);
   return isUtf8;
 }
 

@@ -39,7 +39,8 @@ enum TextFileClass : int16_t {
 bool HasTextExtension(const std::string& fileName);
 
 // Byte-order marks, RTF, the "xml" start rules and, when checkCharsetHints is set and the
-// extension is a text one, a search of the whole file for a UTF-8 charset or UTF-8 punctuation.
+// extension is a text one, a search of the whole file for a UTF-8 charset or UTF-8 punctuation
+// (where a parameter searchThreads is given, a large file is searched on that many threads).
 // Under the modern rules a file of any name that is valid UTF-8 with a multi-byte sequence is
 // UTF-8 too.
 int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints = false,
@@ -51,18 +52,20 @@ int16_t DetectFileEncoding(const std::string& fileName, bool checkCharsetHints =
 int16_t ClassifyTextFile(const std::string& fileName, int32_t maxBytes,
                          unsigned char& firstControlChar, int32_t& firstControlPos,
                          double tolerancePercent, double& controlPercent, bool& isUtf8,
-                         bool checkCharsetHints = false, TextRules rules = TextRules::Classic);
+                         bool checkCharsetHints = false, TextRules rules = TextRules::Classic,
+                         int searchThreads = 1);
 
 // Vets a file for counting and tells the user why it cannot be used. blnMacNoticeShown lives as
 // long as the program: the CR-only notice is shown once per program run. Under the modern rules
 // a file with Unix line ends passes at any size, without notices or questions.
 bool CheckInputFile(Host& host, bool& blnMacNoticeShown, const std::string& fileName,
                     bool skipLineEndingChecks, bool& isUtf8, int16_t& classCode,
-                    bool askBeforeSlowFile, TextRules rules = TextRules::Classic);
+                    bool askBeforeSlowFile, TextRules rules = TextRules::Classic,
+                    int searchThreads = 1);
 
 // The UTF-8 verdict of CheckInputFile without its messages: what the window's UTF-8 box shows
 // once the file is chosen.
-bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules);
+bool IsDetectedAsUtf8(const std::string& fileName, TextRules rules, int searchThreads = 1);
 
 // -1 no such file; 1 at least 10 bytes beginning with the zip signature 50 4B 03 04; else 0.
 int16_t IsZipFile(const std::string& fileName);

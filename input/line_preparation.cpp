@@ -18,28 +18,34 @@ LinePreparer::LinePreparer(std::string fileName, const PreparerDecisions& decisi
       kind_(decisions.kind),
       filter_(decisions.kind) {}
 
-bool LinePreparer::NextLine(LineReader& reader, AnsiString& line) {
+bool LinePreparer::NextLine(LineReader& reader, std::string_view& line) {
   std::string_view raw;
   if (!reader.NextLine(raw)) return false;
-  line.assign(raw);
-  if (insideHead_) {
-    // The head began before this piece of the input: its lines are read raw, as in the head.
-    line = SkipHtmlHead(std::move(line), reader, isUtf8_, insideHead_);
-  } else {
-    if (firstLine_) TakeFirstLine(line);
-    TrimControlChars(line);
-    // The head is read raw: a charset declaration there decides how the rest is translated.
-    if (kind_ == MarkupKind::Html && !headSkipped_ && !filter_.InsideMarkup() &&
-        OpensHtmlHead(line)) {
-      headSkipped_ = true;
-      line = SkipHtmlHead(std::move(line), reader, isUtf8_, insideHead_);
+  if (!insideHead_) {
+    if (firstLine_) TakeFirstLine(raw);
+    raw = TrimControlChars(raw);
+    // Plain text that needs no translation is as the reader holds it.
+    if (kind_ == MarkupKind::None && (!isUtf8_ || inputIsDocx_)) {
+      line = raw;
+      return true;
     }
   }
-  if (!line.empty() && isUtf8_ && !inputIsDocx_) {
-    Utf8ToAnsiInPlace(line);
-    ReplaceUtf8Punctuation(line);
+  changed_.assign(raw);
+  if (insideHead_) {
+    // The head began before this piece of the input: its lines are read raw, as in the head.
+    changed_ = SkipHtmlHead(std::move(changed_), reader, isUtf8_, insideHead_);
+  } else if (kind_ == MarkupKind::Html && !headSkipped_ && !filter_.InsideMarkup() &&
+             OpensHtmlHead(changed_)) {
+    // The head is read raw: a charset declaration there decides how the rest is translated.
+    headSkipped_ = true;
+    changed_ = SkipHtmlHead(std::move(changed_), reader, isUtf8_, insideHead_);
   }
-  if (kind_ != MarkupKind::None) filter_.FilterLine(line);
+  if (!changed_.empty() && isUtf8_ && !inputIsDocx_) {
+    Utf8ToAnsiInPlace(changed_);
+    ReplaceUtf8Punctuation(changed_);
+  }
+  if (kind_ != MarkupKind::None) filter_.FilterLine(changed_);
+  line = changed_;
   return true;
 }
 

@@ -28,8 +28,9 @@ class LinePreparer {
   LinePreparer(std::string fileName, const PreparerDecisions& decisions);
 
   // The next line of reader, trimmed, translated when the input is UTF-8 and stripped of markup
-  // (it may come back empty); false at the end of the input.
-  bool NextLine(LineReader& reader, AnsiString& line);
+  // (it may come back empty); false at the end of the input. The view is valid until the next
+  // call: a line that needs no more than trimming is not copied, it is seen in the reader.
+  bool NextLine(LineReader& reader, std::string_view& line);
 
   // The UTF-8 decision, which a charset declaration in an HTML head switches on.
   bool IsUtf8() const { return isUtf8_; }
@@ -57,6 +58,7 @@ class LinePreparer {
   bool insideHead_ = false;  // the input (a piece of a file) ended inside the HTML head
   MarkupKind kind_ = MarkupKind::None;
   MarkupFilter filter_{MarkupKind::None};
+  AnsiString changed_;  // the line, when it had to be changed
 };
 
 }  // namespace wordtally

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "support/ansi_text.h"
+#include "support/byte_vector.h"
 #include "support/host.h"
 
 namespace wordtally {
@@ -19,7 +20,6 @@ void LineReader::Reset() {
   text_.clear();
   data_ = block_.data();
   pos_ = end_ = 0;
-  cachesValid_ = false;
   consumedBeforeBuffer_ = 0;
   unread_ = std::numeric_limits<int64_t>::max();
   errorNumber_ = 0;
@@ -89,7 +89,6 @@ void LineReader::Refill() {
   data_ = block_.data();
   pos_ = 0;
   end_ = rest;
-  cachesValid_ = false;
   const auto wanted =
       static_cast<std::size_t>(std::min<int64_t>(block_.size() - end_, unread_));
   std::ptrdiff_t got = file_.Read(block_.data() + end_, wanted);
@@ -107,14 +106,17 @@ void LineReader::Refill() {
   }
 }
 
-// Each line-end character is searched for once per block, so CR-only or LF-only files cost no
-// repeated scans of the rest of the block.
-std::size_t LineReader::NextInBuffer(char wanted, std::size_t& cached) {
-  if (!cachesValid_ || cached < pos_) {
-    const void* hit = std::memchr(data_ + pos_, wanted, end_ - pos_);
-    cached = hit ? static_cast<std::size_t>(static_cast<const char*>(hit) - data_) : end_;
+// The first LF or CR in data_[pos_, end_), or end_. The bytes are compared 16 at a time, a line's
+// length in a few steps, so that a line costs no call of a library search.
+std::size_t LineReader::NextLineEnd() const {
+  std::size_t at = pos_;
+  for (; at + sizeof(ByteVector) <= end_; at += sizeof(ByteVector)) {
+    const ByteVector bytes = LoadBytes(data_ + at);
+    const std::size_t end = FirstSet(static_cast<ByteVector>((bytes == '\n') | (bytes == '\r')));
+    if (end != sizeof(ByteVector)) return at + end;
   }
-  return cached;
+  while (at < end_ && data_[at] != '\n' && data_[at] != '\r') ++at;
+  return at;
 }
 
 bool LineReader::NextLine(std::string_view& line) {
@@ -128,15 +130,8 @@ bool LineReader::NextLine(std::string_view& line) {
 
 bool LineReader::NextRawLine(std::string_view& line) {
   for (;;) {
-    std::size_t eol = end_;
-    bool crNeedsLookahead = false;
-    if (pos_ < end_) {
-      std::size_t lf = NextInBuffer('\n', nextLf_);
-      std::size_t cr = NextInBuffer('\r', nextCr_);
-      cachesValid_ = true;
-      eol = std::min(lf, cr);
-      crNeedsLookahead = eol == cr && cr + 1 == end_ && !atEof_;
-    }
+    const std::size_t eol = NextLineEnd();
+    const bool crNeedsLookahead = eol + 1 == end_ && data_[eol] == '\r' && !atEof_;
     if (eol - pos_ > maxLineLength_) {
       TakePiece(line);
       return true;

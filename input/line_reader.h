@@ -59,7 +59,7 @@ class LineReader {
  private:
   void Reset();
   void Refill();
-  std::size_t NextInBuffer(char wanted, std::size_t& cached);
+  std::size_t NextLineEnd() const;
   bool NextRawLine(std::string_view& line);
   void TakePiece(std::string_view& line);
 
@@ -73,9 +73,6 @@ class LineReader {
   const char* data_ = nullptr;  // block_ or text_
   std::size_t pos_ = 0;         // start of the next line in data_
   std::size_t end_ = 0;         // end of the valid bytes in data_
-  std::size_t nextLf_ = 0;      // cached position of the next LF / CR at or after pos_
-  std::size_t nextCr_ = 0;
-  bool cachesValid_ = false;
   bool atEof_ = true;
   bool lineGoesOn_ = false;
   int64_t consumedBeforeBuffer_ = 0;

@@ -42,6 +42,9 @@ TEST_F(EngineTest, LineWalkCountsTheWordsTheSettingsAllow) {
        "alpha beta gamma", 3},
       {[](auto& s) { s.txbStartComment = {"", "{"}; s.txbEndComment = {"", "}"}; },
        {"alpha {beta} gamma /* delta */"}, "alpha delta gamma", 3},
+      // A marker that begins with a blank is looked for just after a word, not after punctuation.
+      {[](auto& s) { s.txbStartComment = {"", " x"}; s.txbEndComment = {"", ""}; },
+       {"alpha x beta", "gamma, x delta"}, "alpha delta gamma", 3},
       {keep, {"caf&eacute; cr&egrave;me"}, "caf\xE9 cr\xE8me", 2, 0, true},
       // Excluded words still count in the total; words to ignore (whole words only) and 7-bit
       // refusals count as ignored, common words do not.
@@ -68,10 +71,7 @@ TEST_F(EngineTest, StoredWordsAreCountedOnlyWhenTheWalkAcceptsThem) {
   // Words merged from elsewhere (a count file) may be words that this run's tests reject.
   for (const char* w : {"xiv", "hmm", "couldn", "able"}) ctx.store.Count(w);
   LineWalker walker(ctx);
-  for (int i = 0; i < 2; ++i) {
-    ctx.run.strLine = "xiv hmm couldn able Able ";
-    walker.WalkLine();
-  }
+  for (int i = 0; i < 2; ++i) walker.WalkLine("xiv hmm couldn able Able");
   EXPECT_EQ(Stored(ctx.store), "able:5 couldn hmm xiv");
   EXPECT_EQ(ctx.run.lngTotalNumOccurrences, 4);
 }

@@ -103,17 +103,14 @@ struct EngineTest : ::testing::Test {
     DoIt(ctx);
   }
 
-  // The words the line walk counts from the lines, handed over as the run driver does (with one
-  // trailing blank), into an empty store.
+  // The words the line walk counts from the lines, handed over as the run driver does, into an
+  // empty store.
   std::string Walk(const std::vector<std::string>& lines) {
     ctx.store.Reset();
     ctx.run.lngTotalNumOccurrences = ctx.run.lngNumWordsIgnored = 0;
     ctx.run.comment = {};
     LineWalker walker(ctx);
-    for (const std::string& line : lines) {
-      ctx.run.strLine = line + " ";
-      walker.WalkLine();
-    }
+    for (const std::string& line : lines) walker.WalkLine(line);
     return Stored(ctx.store);
   }
 

@@ -12,7 +12,7 @@ using Lines = std::vector<AnsiString>;
 // Trimming of codes up to blank at both ends; the UTF-8 forms of Latin-1 in the order of the
 // translation's steps; the punctuation table, unless the first sequence is unknown.
 TEST(DecodingTest, TrimsAndTranslatesLatinOneAndPunctuation) {
-  ExpectEach([](AnsiString line) { TrimControlChars(line); return line; },
+  ExpectEach([](const AnsiString& line) { return AnsiString(TrimControlChars(line)); },
              {{"\t  word one \x01\r", "word one"}, {" \t \t ", ""}, {"", ""}, {"\xA0x", "\xA0x"}});
   ExpectEach([](const AnsiString& line) { return Utf8ToAnsi(line); },
              {{"caf\xC3\xA9", "caf\xE9"}, {"\xC2\xA0", "\xA0"}, {"a\xC2\x85z", "az"}, {"", ""},
@@ -58,7 +58,7 @@ TEST(DecodingTest, LinePreparerTrimsSkipsTheHeadTranslatesAndFilters) {
     LineReader reader;
     reader.OpenText(c.text);
     Lines lines;
-    for (AnsiString line; preparer.NextLine(reader, line);) lines.push_back(line);
+    for (std::string_view line; preparer.NextLine(reader, line);) lines.emplace_back(line);
     EXPECT_EQ(std::tuple(lines, preparer.Kind(), preparer.IsUtf8()),
               std::tuple(c.lines, c.kind, c.utf8After)) << c.text;
   }

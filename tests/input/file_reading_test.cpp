@@ -22,6 +22,9 @@ TEST_F(FileReadingTest, LineReaderEndsLinesAtEveryLineEndAndTellsOpenFailures) {
       {"a\r\r\nb\n\rc", {"a", "", "b", "", "c"}},
       {std::string(15, 'a') + "\r\nbbb", {std::string(15, 'a'), "bbb"}},
       {"s\n" + std::string(100, 'x') + "\r\nt", {"s", std::string(100, 'x'), "t"}},
+      // Line ends on either side of 16-byte steps.
+      {std::string(16, 'a') + "\n" + std::string(31, 'b') + "\r" + std::string(32, 'c'),
+       {std::string(16, 'a'), std::string(31, 'b'), std::string(32, 'c')}},
       {"one\rtwo\nthree\r\nfour\r\rfive\r\nsix\nseven\reight\r\n\r",
        {"one", "two", "three", "four", "", "five", "six", "seven", "eight", ""}}};
   for (const auto& [text, lines] : texts) {

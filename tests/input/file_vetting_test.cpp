@@ -65,6 +65,28 @@ TEST_F(FileVettingTest, CharsetHintSearchFollowsTheFileAsItChanges) {
   }
 }
 
+// A large file is searched in two parts side by side: a hint is found in either, and also where
+// it crosses from the first part into the second.
+TEST_F(FileVettingTest, CharsetHintIsFoundInEveryPartOfALargeFile) {
+  const std::size_t size = std::size_t{8} << 20, middle = size / 2;
+  const std::string plain(size, 'x');
+  const auto withAt = [&plain](std::size_t at, std::string_view hint) {
+    return std::string(plain).replace(at, hint.size(), hint);
+  };
+  const struct { std::string bytes; bool utf8; } cases[] = {
+      {plain, false},
+      {withAt(10, "charset=utf-8"), true},
+      {withAt(size - 13, "charset=utf-8"), true},
+      {withAt(middle - 7, "charset=\"utf-8\""), true},
+      {withAt(middle - 1, "\xE2\x80"), true},
+      {withAt(middle - 1, "\xE2 \x80"), false}};
+  int file = 0;
+  for (const auto& c : cases) {
+    const std::string name = Write("large" + std::to_string(++file) + ".txt", c.bytes);
+    EXPECT_EQ(IsDetectedAsUtf8(name, TextRules::Classic, 2), c.utf8) << name;
+  }
+}
+
 // The class code, first control character and its position, control percentage and UTF-8 flag,
 // with the 16384-byte sample that CheckInputFile uses.
 TEST_F(FileVettingTest, ClassifyTextFileLineEndsAndControlCharacters) {
